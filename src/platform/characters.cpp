@@ -1,0 +1,46 @@
+#include "platform/characters.h"
+
+#include <algorithm>
+
+namespace hostsweep {
+namespace {
+
+struct Lead {
+  std::size_t size;             // bytes of a sequence that begins so; 1: none does
+  unsigned char lowestSecond;   // bounds of its second byte, which keep out overlong forms,
+  unsigned char highestSecond;  // surrogates and what lies above U+10FFFF
+};
+
+// The table of RFC 3629, section 4.
+constexpr Lead LeadOf(unsigned char byte) {
+  if (byte < 0xC2 || byte > 0xF4) return {1, 0, 0};
+  if (byte < 0xE0) return {2, 0x80, 0xBF};
+  if (byte == 0xE0) return {3, 0xA0, 0xBF};
+  if (byte == 0xED) return {3, 0x80, 0x9F};
+  if (byte < 0xF0) return {3, 0x80, 0xBF};
+  if (byte == 0xF0) return {4, 0x90, 0xBF};
+  if (byte == 0xF4) return {4, 0x80, 0x8F};
+  return {4, 0x80, 0xBF};
+}
+
+constexpr unsigned char Unsigned(char byte) { return static_cast<unsigned char>(byte); }
+
+constexpr bool IsContinuation(char byte) { return (Unsigned(byte) & 0xC0U) == 0x80U; }
+
+}  // namespace
+
+std::size_t CharacterSize(std::string_view bytes) {
+  const Lead lead = LeadOf(Unsigned(bytes[0]));
+  if (lead.size == 1 || bytes.size() < lead.size) return 1;
+  const unsigned char second = Unsigned(bytes[1]);
+  if (second < lead.lowestSecond || second > lead.highestSecond) return 1;
+  const std::string_view others = bytes.substr(2, lead.size - 2);
+  return std::all_of(others.begin(), others.end(), IsContinuation) ? lead.size : 1;
+}
+
+bool SameLetters(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return UpperCase(a) == UpperCase(b); });
+}
+
+}  // namespace hostsweep

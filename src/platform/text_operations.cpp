@@ -1,0 +1,146 @@
+#include "platform/text_operations.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "platform/characters.h"
+
+namespace hostsweep {
+namespace {
+
+constexpr std::size_t NotFound = std::string_view::npos;
+
+std::int64_t CountCharacters(std::string_view bytes) {
+  std::int64_t count = 0;
+  for (; !bytes.empty(); ++count) bytes.remove_prefix(CharacterSize(bytes));
+  return count;
+}
+
+// Byte offset at which the character behind the first `count` ones begins; at most the size.
+std::size_t OffsetBehind(std::string_view bytes, std::int64_t count) {
+  std::string_view rest = bytes;
+  for (; count > 0 && !rest.empty(); --count) rest.remove_prefix(CharacterSize(rest));
+  return bytes.size() - rest.size();
+}
+
+// True if `source` begins with the characters of `find`. Comparing whole characters keeps a byte
+// that is no text from being found inside a character that is.
+bool BeginsWith(std::string_view source, std::string_view find) {
+  if (!SameLetters(source.substr(0, find.size()), find)) return false;
+  return OffsetBehind(source, CountCharacters(find)) == find.size();
+}
+
+// Byte offset of the first `find` at or after the offset `from`, where a character begins.
+std::size_t Find(std::string_view source, std::string_view find, std::size_t from) {
+  if (find.empty()) return NotFound;
+  while (from < source.size()) {
+    const std::string_view rest = source.substr(from);
+    if (BeginsWith(rest, find)) return from;
+    from += CharacterSize(rest);
+  }
+  return NotFound;
+}
+
+std::string_view LeadingDigits(std::string_view bytes) {
+  return bytes.substr(0, bytes.find_first_not_of("0123456789"));
+}
+
+}  // namespace
+
+std::int64_t Len(const Text& text) { return CountCharacters(text.Bytes()); }
+
+Text Left(const Text& text, std::int64_t count) {
+  return text.Bytes().substr(0, OffsetBehind(text.Bytes(), count));
+}
+
+Text Right(const Text& text, std::int64_t count) {
+  if (count <= 0) return {};
+  const std::int64_t length = Len(text);
+  return count >= length ? text : Mid(text, length - count + 1);
+}
+
+Text Mid(const Text& text, std::int64_t start) {
+  if (start <= 1) return text;
+  return text.Bytes().substr(OffsetBehind(text.Bytes(), start - 1));
+}
+
+std::int64_t InStr(std::int64_t start, const Text& source, const Text& find) {
+  const std::string_view bytes = source.Bytes();
+  const std::size_t from = start <= 1 ? 0 : OffsetBehind(bytes, start - 1);
+  const std::size_t found = Find(bytes, find.Bytes(), from);
+  return found == NotFound ? 0 : CountCharacters(bytes.substr(0, found)) + 1;
+}
+
+Text Trim(const Text& text) {
+  constexpr const char* WhiteSpace = " \t\r\n";
+  const std::string& bytes = text.Bytes();
+  const std::size_t first = bytes.find_first_not_of(WhiteSpace);
+  if (first == std::string::npos) return {};
+  return bytes.substr(first, bytes.find_last_not_of(WhiteSpace) - first + 1);
+}
+
+Text Uppercase(const Text& text) {
+  std::string bytes = text.Bytes();
+  std::transform(bytes.begin(), bytes.end(), bytes.begin(), UpperCase);
+  return bytes;
+}
+
+std::int64_t CountFields(const Text& source, const Text& separator) {
+  const std::string& bytes = source.Bytes();
+  const std::string& mark = separator.Bytes();
+  std::int64_t count = 1;
+  for (std::size_t at = Find(bytes, mark, 0); at != NotFound;
+       at = Find(bytes, mark, at + mark.size())) {
+    ++count;
+  }
+  return count;
+}
+
+std::vector<Text> Split(const Text& source, const Text& separator) {
+  const std::string& bytes = source.Bytes();
+  const std::string& mark = separator.Bytes();
+  std::vector<Text> fields;
+  std::size_t begin = 0;
+  for (std::size_t at = Find(bytes, mark, 0); at != NotFound; at = Find(bytes, mark, begin)) {
+    fields.emplace_back(bytes.substr(begin, at - begin));
+    begin = at + mark.size();
+  }
+  fields.emplace_back(bytes.substr(begin));
+  return fields;
+}
+
+Text Join(const std::vector<Text>& fields, const Text& separator) {
+  std::string joined;
+  for (const Text& field : fields) {
+    if (&field != &fields.front()) joined += separator.Bytes();
+    joined += field.Bytes();
+  }
+  return joined;
+}
+
+Text Str(std::int64_t value) { return std::to_string(value); }
+
+double Val(const Text& text) {
+  std::string_view rest = text.Bytes();
+  std::string number;
+  if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) {
+    number = rest.front();
+    rest.remove_prefix(1);
+  }
+  const std::string_view whole = LeadingDigits(rest);
+  if (whole.empty()) return 0;
+  number += whole;
+  rest.remove_prefix(whole.size());
+  if (!rest.empty() && rest.front() == '.') {
+    const std::string_view fraction = LeadingDigits(rest.substr(1));
+    number += fraction;
+    // The exponent stands for the point, whose character is the locale's choice.
+    number += "e-" + std::to_string(fraction.size());
+  }
+  return std::strtod(number.c_str(), nullptr);
+}
+
+}  // namespace hostsweep
