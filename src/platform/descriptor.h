@@ -1,0 +1,30 @@
+// Ownership of one file descriptor.
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace hostsweep {
+
+// Closes its descriptor when it goes. Movable; a moved-from one owns nothing.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  Descriptor& operator=(Descriptor&&) = delete;
+  ~Descriptor() { Close(); }
+
+  [[nodiscard]] int Number() const { return number_; }
+
+  // Closes the descriptor before its owner goes.
+  void Close() {
+    if (number_ >= 0) close(std::exchange(number_, -1));
+  }
+
+ private:
+  int number_;
+};
+
+}  // namespace hostsweep

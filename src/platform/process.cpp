@@ -1,0 +1,46 @@
+#include "platform/process.h"
+
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's signal sets, not in <csignal>
+#include <unistd.h>
+
+namespace hostsweep {
+namespace {
+
+void OpenStandardDescriptors() {
+  for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    const bool isClosed = fcntl(number, F_GETFD) == -1;
+    // The lowest free number is the one that is taken.
+    if (isClosed) open("/dev/null", O_RDONLY);
+  }
+}
+
+void KeepOtherDescriptorsFromChildren() {
+  const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir("/dev/fd"), closedir);
+  if (folder == nullptr) return;
+  while (const dirent* entry = readdir(folder.get())) {
+    const int number = std::atoi(entry->d_name);  // 0 for "." and ".."
+    if (number > STDERR_FILENO) fcntl(number, F_SETFD, FD_CLOEXEC);
+  }
+}
+
+void PrepareSignals() {
+  signal(SIGPIPE, SIG_IGN);
+  signal(SIGXFSZ, SIG_IGN);
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
+}  // namespace
+
+void MakeProcessReady() {
+  OpenStandardDescriptors();
+  KeepOtherDescriptorsFromChildren();
+  PrepareSignals();
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,20 @@
+// macOS: the path that the program was started by, dyld(3), made absolute.
+#include <array>
+#include <climits>
+#include <cstdint>
+#include <cstdlib>
+#include <mach-o/dyld.h>
+
+#include "platform/program_path.h"
+
+namespace hostsweep {
+
+std::string ProgramPath() {
+  std::array<char, PATH_MAX> path{};
+  std::uint32_t size = path.size();
+  if (_NSGetExecutablePath(path.data(), &size) != 0) return {};
+  std::array<char, PATH_MAX> resolved{};
+  return realpath(path.data(), resolved.data()) == nullptr ? "" : resolved.data();
+}
+
+}  // namespace hostsweep

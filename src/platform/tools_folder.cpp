@@ -1,0 +1,30 @@
+#include "platform/tools_folder.h"
+
+#include <sys/stat.h>
+
+#include "platform/program_path.h"
+
+namespace hostsweep {
+namespace {
+
+// What stands before the last "/": the folder of a file, and the folder of a folder.
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "" : path.substr(0, slash);
+}
+
+bool IsFolder(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+std::string ToolsFolder() {
+  const std::string program = ProgramPath();
+  if (program.empty()) return {};
+  const std::string folder = FolderOf(FolderOf(program)) + "/libexec/hostsweep";
+  return IsFolder(folder) && folder.find(':') == std::string::npos ? folder : "";
+}
+
+}  // namespace hostsweep
