@@ -1,0 +1,46 @@
+#include "app/frame.h"
+
+#include "app/app.h"
+#include "platform/exceptions.h"
+#include "platform/process.h"
+
+namespace hostsweep {
+namespace {
+
+// Calls `Run`, offering what escapes it to the application's handler.
+std::int64_t RunWithHandler(ConsoleApplication& application, const std::vector<Text>& arguments) {
+  try {
+    return application.Run(arguments);
+  } catch (const EndException&) {
+    throw;
+  } catch (const ThreadEndException&) {
+    throw;
+  } catch (const RuntimeException& error) {
+    if (!application.UnhandledException(error)) throw;
+    return 0;
+  }
+}
+
+}  // namespace
+
+std::int64_t RunProgram(const std::vector<Text>& arguments) {
+  MakeProcessReady();
+  App application;
+  application.Constructor();
+  application._x_SetVersionData(4, 4, 0, 0, 3, "", "4.4.0", "");
+  const ApplicationRegistration registration(application);
+  return _CallFunctionWithExceptionHandling(application, arguments);
+}
+
+std::int64_t _CallFunctionWithExceptionHandling(  // NOLINT(bugprone-reserved-identifier)
+    ConsoleApplication& application, const std::vector<Text>& arguments) {
+  try {
+    return RunWithHandler(application, arguments);
+  } catch (const EndException& end) {  // from `Run` or from the handler: `Quit` works in both
+    return end.ExitCode();
+  } catch (const ThreadEndException&) {
+    return 0;
+  }
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,28 @@
+#include "sweep/host_name.h"
+
+#include <cstdint>
+
+#include "platform/text_operations.h"
+
+namespace hostsweep {
+namespace {
+
+Text WithoutFinalDot(const Text& name) {
+  return Right(name, 1) == "." ? Left(name, Len(name) - 1) : name;
+}
+
+}  // namespace
+
+Text LookupHostName(Shell& shell, const Text& address) {
+  shell.Execute("/usr/bin/host " + address);
+  return ParseHostName(shell.Result(), address);
+}
+
+Text ParseHostName(const Text& output, const Text& address) {
+  const Text marker = "domain name pointer";
+  const std::int64_t position = InStr(0, output, marker);
+  const bool isFound = position > 0;
+  return WithoutFinalDot(isFound ? Trim(Mid(output, position + Len(marker) + 1)) : address);
+}
+
+}  // namespace hostsweep

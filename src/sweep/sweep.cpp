@@ -1,0 +1,39 @@
+#include "sweep/sweep.h"
+
+#include "app/app.h"
+#include "platform/console.h"
+#include "platform/text_operations.h"
+#include "sweep/hardware_address.h"
+#include "sweep/host_name.h"
+#include "sweep/host_record.h"
+#include "sweep/probe.h"
+
+namespace hostsweep {
+namespace {
+
+constexpr std::int64_t LastHost = 254;
+
+}  // namespace
+
+void SweepHosts(const SweepRange& range, Shell& shell) {
+  // A range that begins above the last host can be 2 to the 62nd long, and has nothing to sweep.
+  if (range.FirstHost > LastHost) return;
+  for (std::int64_t host = range.FirstHost; host < EndOf(range); ++host) {
+    SweepHost(host, range, shell);
+  }
+}
+
+void SweepHost(std::int64_t hostNumber, const SweepRange& range, Shell& shell) {
+  constexpr std::int64_t PauseMilliseconds = 10;
+  if (hostNumber > LastHost) return;
+  HostRecord record;
+  record.Address = range.Prefix + "." + Str(hostNumber);
+  ProbeAddress(shell, record.Address);
+  record.Name = LookupHostName(shell, record.Address);
+  record.HardwareAddress = LookupHardwareAddress(shell, record.Address);
+  record.Name = DecideName(record, range.LiveNamesOnly);
+  Print(FormatReportLine(record));
+  App::Current().DoEvents(PauseMilliseconds);
+}
+
+}  // namespace hostsweep

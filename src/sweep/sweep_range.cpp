@@ -1,0 +1,49 @@
+#include "sweep/sweep_range.h"
+
+#include <limits>
+
+#include "app/app.h"
+#include "platform/console.h"
+#include "platform/text_operations.h"
+
+namespace hostsweep {
+namespace {
+
+// Cut off toward zero. What does not fit, or is no number, gives the smallest integer.
+std::int64_t ToInteger(double value) {
+  constexpr double Limit = 9223372036854775808.0;  // 2 to the 63rd
+  if (!(value >= -Limit && value < Limit)) return std::numeric_limits<std::int64_t>::min();
+  return static_cast<std::int64_t>(value);
+}
+
+void SpendStartDelay(const Text& argument) {
+  constexpr double NoDelay = 20000.0;  // milliseconds
+  const double delay = Val(argument);
+  if (delay < NoDelay) App::Current().DoEvents(ToInteger(delay));
+}
+
+}  // namespace
+
+std::int64_t EndOf(const SweepRange& range) {
+  return static_cast<std::int64_t>(static_cast<std::uint64_t>(range.FirstHost) +
+                                   static_cast<std::uint64_t>(range.HostCount));
+}
+
+SweepRange ReadSweepRange(const std::vector<Text>& arguments) {
+  constexpr std::int64_t HighestEnd = 256;
+  SweepRange range;
+  if (arguments.size() < 3) Quit(0);
+  if (arguments.size() > 3) range.LiveNamesOnly = arguments[3] == "True";
+  if (arguments.size() > 4) SpendStartDelay(arguments[4]);
+
+  std::vector<Text> parts = Split(arguments[1], ".");
+  if (parts.size() != 4) Quit(0);
+  range.FirstHost = ToInteger(Val(parts.back()));
+  parts.pop_back();
+  range.Prefix = Join(parts, ".");
+  range.HostCount = ToInteger(Val(arguments[2]));
+  if (range.HostCount < 1 || EndOf(range) > HighestEnd) Quit(0);
+  return range;
+}
+
+}  // namespace hostsweep
