@@ -1,0 +1,58 @@
+# shellcheck shell=sh disable=SC2034 # the lists are for the scripts that read this file
+# For the other scripts to read in: which packages each task needs, and installing what is missing
+# of them, with Debian's or Homebrew's package manager. Everything it says goes to standard error.
+
+PATH=$PATH:/usr/sbin:/sbin # where an ordinary user's path does not lead
+
+# What tells that a package is there (a command, or a file), "=", the package.
+if [ "$(uname)" = Darwin ]; then
+  to_build="cmake=cmake"
+  to_sweep=""
+  to_test="$(brew --prefix 2>/dev/null || :)/include/gtest/gtest.h=googletest"
+  for_lab=""
+else
+  to_build="c++=g++ cmake=cmake make=make"
+  to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
+  to_test="/usr/include/gtest/gtest.h=libgtest-dev"
+  for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
+fi
+
+say() {
+  echo "${0##*/}: $*" >&2
+}
+
+is_there() {
+  case $1 in
+    /*) [ -e "$1" ] ;;
+    *) command -v "$1" >/dev/null ;;
+  esac
+}
+
+# install_missing LIST...: returns when all of it is there, or ends the script with status 1.
+install_missing() {
+  missing=""
+  for need in "$@"; do
+    is_there "${need%=*}" || missing="$missing ${need##*=}"
+  done
+  [ -n "$missing" ] || return 0
+  if command -v brew >/dev/null; then
+    say "installing$missing"
+    # shellcheck disable=SC2086 # several words
+    brew install $missing >&2 && return
+  elif command -v apt-get >/dev/null && { [ "$(id -u)" = 0 ] || command -v sudo >/dev/null; }; then
+    say "installing$missing"
+    # shellcheck disable=SC2086
+    as_root apt-get update -qq >&2 && as_root apt-get install -qq --no-install-recommends $missing >&2 &&
+      return
+  fi
+  say "please install:$missing"
+  exit 1
+}
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then
+    DEBIAN_FRONTEND=noninteractive "$@"
+  else
+    sudo DEBIAN_FRONTEND=noninteractive "$@"
+  fi
+}
