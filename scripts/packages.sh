@@ -4,17 +4,26 @@
 
 PATH=$PATH:/usr/sbin:/sbin # where an ordinary user's path does not lead
 
-# What tells that a package is there (a command, or a file), "=", the package.
+# What tells that a package is there (a command, a file, or "dpkg/" and its own name), "=", the
+# package.
 if [ "$(uname)" = Darwin ]; then
   to_build="cmake=cmake"
   to_sweep=""
   to_test="$(brew --prefix 2>/dev/null || :)/include/gtest/gtest.h=googletest"
   for_lab=""
+  to_cross=""
+  to_gate=""
+  to_bench=""
 else
   to_build="c++=g++ cmake=cmake make=make"
   to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
   to_test="/usr/include/gtest/gtest.h=libgtest-dev"
   for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
+  to_bench="hyperfine=hyperfine /usr/bin/time=time"
+  to_cross="npm=npm llvm-objdump=llvm"
+  to_gate="clang++=clang clang-format=clang-format clang-tidy=clang-tidy shellcheck=shellcheck
+    mandoc=mandoc lintian=lintian strip=binutils dpkg/libc++-dev=libc++-dev
+    dpkg/libc++abi-dev=libc++abi-dev dpkg/libclang-rt-dev=libclang-rt-dev"
 fi
 
 say() {
@@ -24,6 +33,7 @@ say() {
 is_there() {
   case $1 in
     /*) [ -e "$1" ] ;;
+    dpkg/*) dpkg-query --show "${1#dpkg/}" >/dev/null 2>&1 ;;
     *) command -v "$1" >/dev/null ;;
   esac
 }

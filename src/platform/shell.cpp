@@ -14,7 +14,8 @@
 #include "platform/search_path.h"
 #include "platform/tools_folder.h"
 
-extern "C" char** environ;  // POSIX has every program declare it
+// POSIX has every program declare it, though some systems do so as well.
+extern "C" char** environ;  // NOLINT(readability-redundant-declaration)
 
 namespace hostsweep {
 namespace {
