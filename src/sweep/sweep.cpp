@@ -16,8 +16,7 @@ constexpr std::int64_t LastHost = 254;
 }  // namespace
 
 void SweepHosts(const SweepRange& range, Shell& shell) {
-  // A range that begins above the last host can be 2 to the 62nd long, and has nothing to sweep.
-  if (range.FirstHost > LastHost) return;
+  // A range so long that its end has wrapped around ends below its start: nothing to sweep there.
   for (std::int64_t host = range.FirstHost; host < EndOf(range); ++host) {
     SweepHost(host, range, shell);
   }
