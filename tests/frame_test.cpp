@@ -11,90 +11,65 @@
 namespace hostsweep {
 namespace {
 
-// An application whose work is the test's.
+// An application whose work and whose handler are the test's.
 class TestApp : public App {
  public:
-  explicit TestApp(std::function<std::int64_t()> work) : work_(std::move(work)) {}
-
-  std::int64_t Run(const std::vector<Text>& /*arguments*/) override { return work_(); }
-
+  std::int64_t Run(const std::vector<Text>& /*arguments*/) override { return Work(); }
   bool UnhandledException(const RuntimeException& error) override {
     ++HandlerCalls;
     return Handler ? Handler() : App::UnhandledException(error);
   }
 
+  std::function<std::int64_t()> Work;
   std::function<bool()> Handler;
   int HandlerCalls = 0;
-
- private:
-  std::function<std::int64_t()> work_;
 };
 
-std::int64_t Call(TestApp& app) { return _CallFunctionWithExceptionHandling(app, {}); }
+class Frame : public testing::Test {
+ protected:
+  std::int64_t Call() { return _CallFunctionWithExceptionHandling(app_, {}); }
+  TestApp app_;
+};
 
-TEST(Frame, GivesTheResultOfRun) {
-  TestApp app([] { return 7; });
-  EXPECT_EQ(Call(app), 7);
-}
-
-TEST(Frame, QuitReleasesLocalsAndNeverReachesTheHandler) {
+TEST_F(Frame, NormalEndsNeverReachTheHandler) {
+  app_.Work = [] { return 7; };
+  EXPECT_EQ(Call(), 7);
   bool isReleased = false;
-  TestApp app([&]() -> std::int64_t {
+  app_.Work = [&]() -> std::int64_t {
     const std::shared_ptr<void> local(nullptr, [&](void*) { isReleased = true; });
     Quit(5);
-  });
-  EXPECT_EQ(Call(app), 5);
-  EXPECT_TRUE(isReleased);
-  EXPECT_EQ(app.HandlerCalls, 0);
-}
-
-TEST(Frame, EndOfTheThreadIsANormalEnd) {
-  TestApp app([]() -> std::int64_t { throw ThreadEndException(); });
-  EXPECT_EQ(Call(app), 0);
-  EXPECT_EQ(app.HandlerCalls, 0);
-}
-
-TEST(Frame, AnErrorThatEscapesRunEndsWithStatusZero) {
-  TestApp app([]() -> std::int64_t { throw ShellNotAvailableException(); });
-  EXPECT_EQ(Call(app), 0);
-  EXPECT_EQ(app.HandlerCalls, 1);
-}
-
-TEST(Frame, TheHandlerDecides) {
-  TestApp app([]() -> std::int64_t { throw NilObjectException(); });
-  app.Handler = [] { return true; };
-  EXPECT_EQ(Call(app), 0);
-  app.Handler = [] { return false; };
-  EXPECT_THROW(Call(app), NilObjectException);
-  app.Handler = []() -> bool { Quit(3); };
-  EXPECT_EQ(Call(app), 3);
-  app.Handler = []() -> bool { throw ShellNotRunningException(); };
-  EXPECT_THROW(Call(app), ShellNotRunningException);
-}
-
-TEST(Frame, AnErrorOutsideTheFamilyPasses) {
-  TestApp app([]() -> std::int64_t { throw std::logic_error("none of ours"); });
-  EXPECT_THROW(Call(app), std::logic_error);
-  EXPECT_EQ(app.HandlerCalls, 0);
-}
-
-TEST(App, IsTheRegisteredOne) {
-  EXPECT_THROW(App::Current(), NilObjectException);
-  TestApp app([] { return 0; });
-  {
-    const ApplicationRegistration registration(app);
-    EXPECT_EQ(&App::Current(), &app);
-  }
-  EXPECT_THROW(App::Current(), NilObjectException);
-}
-
-TEST(App, IsNotAnyOtherApplication) {
-  class Other : public ConsoleApplication {
-    std::int64_t Run(const std::vector<Text>& /*arguments*/) override { return 0; }
   };
-  Other other;
-  const ApplicationRegistration registration(other);
+  EXPECT_EQ(Call(), 5);
+  EXPECT_TRUE(isReleased);
+  app_.Work = []() -> std::int64_t { throw ThreadEndException(); };
+  EXPECT_EQ(Call(), 0);
+  EXPECT_EQ(app_.HandlerCalls, 0);
+}
+
+TEST_F(Frame, TheHandlerDecides) {
+  app_.Work = []() -> std::int64_t { throw ShellNotAvailableException(); };
+  EXPECT_EQ(Call(), 0);  // the application's own handler
+  app_.Handler = [] { return true; };
+  EXPECT_EQ(Call(), 0);
+  app_.Handler = [] { return false; };
+  EXPECT_THROW(Call(), ShellNotAvailableException);
+  app_.Handler = []() -> bool { Quit(3); };
+  EXPECT_EQ(Call(), 3);
+  app_.Handler = []() -> bool { throw ShellNotRunningException(); };
+  EXPECT_THROW(Call(), ShellNotRunningException);
+  EXPECT_EQ(app_.HandlerCalls, 5);
+}
+
+TEST_F(Frame, AnErrorOutsideTheFamilyPasses) {
+  app_.Work = []() -> std::int64_t { throw std::logic_error("none of ours"); };
+  EXPECT_THROW(Call(), std::logic_error);
+  EXPECT_EQ(app_.HandlerCalls, 0);
+}
+
+TEST_F(Frame, TheApplicationIsTheRegisteredOne) {
   EXPECT_THROW(App::Current(), NilObjectException);
+  const ApplicationRegistration registration(app_);
+  EXPECT_EQ(&App::Current(), &app_);
 }
 
 }  // namespace
