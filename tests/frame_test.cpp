@@ -1,7 +1,10 @@
 #include "app/frame.h"
 
-#include <functional>
 #include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <limits>
 #include <memory>
 #include <stdexcept>
 
@@ -64,6 +67,13 @@ TEST_F(Frame, AnErrorOutsideTheFamilyPasses) {
   app_.Work = []() -> std::int64_t { throw std::logic_error("none of ours"); };
   EXPECT_THROW(Call(), std::logic_error);
   EXPECT_EQ(app_.HandlerCalls, 0);
+}
+
+TEST_F(Frame, DoEventsWaits) {
+  const auto begin = std::chrono::steady_clock::now();
+  app_.DoEvents(std::numeric_limits<std::int64_t>::min());
+  app_.DoEvents(20);
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(20));
 }
 
 TEST_F(Frame, TheApplicationIsTheRegisteredOne) {

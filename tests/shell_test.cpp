@@ -1,10 +1,11 @@
 #include "platform/shell.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <string>
 #include <unistd.h>
+
+#include <cstdlib>
+#include <string>
 #include <utility>
 #include <vector>
 

@@ -1,7 +1,8 @@
 #include "sweep/sweep.h"
 
-#include <cstdint>
 #include <gtest/gtest.h>
+
+#include <cstdint>
 #include <map>
 #include <string>
 #include <tuple>

@@ -1,6 +1,7 @@
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <cstdint>
-#include <gtest/gtest.h>
 #include <limits>
 #include <string>
 #include <tuple>
@@ -16,7 +17,7 @@ constexpr std::int64_t Largest = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t Smallest = std::numeric_limits<std::int64_t>::min();
 
 TEST(Text, EqualityIgnoresLetterCaseInAsciiOnly) {
-  EXPECT_EQ(Text("True"), Text("tRUE"));
+  EXPECT_EQ(Text("azAZ"), Text("AZaz"));
   EXPECT_NE(Text("True"), Text("True "));
   EXPECT_NE(Text("["), Text("{"));  // 32 apart, as letters of two cases are
   EXPECT_NE(Text("\u00C4"), Text("\u00E4"));

@@ -1,11 +1,12 @@
 #include "platform/child_process.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's signal sets, not in <csignal>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include "platform/exceptions.h"
 
@@ -49,6 +50,8 @@ class SignalState {
     sigset_t all;
     sigemptyset(&none);
     sigfillset(&all);
+    sigdelset(&all, SIGKILL);  // these two are always at their default, and POSIX lets a system
+    sigdelset(&all, SIGSTOP);  // refuse to set it
     Require(posix_spawnattr_setsigmask(&attributes_, &none));
     Require(posix_spawnattr_setsigdefault(&attributes_, &all));
     Require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));

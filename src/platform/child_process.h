@@ -1,8 +1,9 @@
 // One child process: starting it and waiting for its end. What it prints is its reader's business.
 #pragma once
 
-#include <string>
 #include <sys/types.h>
+
+#include <string>
 #include <vector>
 
 namespace hostsweep {

@@ -1,10 +1,11 @@
 #include "platform/console.h"
 
-#include <cerrno>
 #include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 
 #include "platform/exceptions.h"
 

@@ -1,11 +1,12 @@
 #include "platform/process.h"
 
-#include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's signal sets, not in <csignal>
 #include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
 
 namespace hostsweep {
 namespace {

@@ -1,7 +1,8 @@
 // Linux: the kernel's link to the program, proc(5).
+#include <unistd.h>
+
 #include <array>
 #include <climits>
-#include <unistd.h>
 
 #include "platform/program_path.h"
 

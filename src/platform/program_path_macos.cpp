@@ -1,9 +1,10 @@
 // macOS: the path that the program was started by, dyld(3), made absolute.
+#include <mach-o/dyld.h>
+
 #include <array>
 #include <climits>
 #include <cstdint>
 #include <cstdlib>
-#include <mach-o/dyld.h>
 
 #include "platform/program_path.h"
 

@@ -1,11 +1,12 @@
 #include "platform/shell.h"
 
-#include <array>
-#include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
-#include <string_view>
 #include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <string_view>
 #include <utility>
 
 #include "platform/child_process.h"
