@@ -22,10 +22,10 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
 reverse DNS gives and the hardware address that the ARP cache holds, for
 other programs to read. It does no network work of its own: it runs ping,
 host and a small tool that reads the ARP cache, and needs no privileges.")
-  set(CPACK_PRE_BUILD_SCRIPTS "${CMAKE_CURRENT_LIST_DIR}/debian.cmake")
 elseif(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
   set(CPACK_STRIP_FILES OFF) # it would break the signature
 endif()
+set(CPACK_PRE_BUILD_SCRIPTS "${CMAKE_CURRENT_LIST_DIR}/staged.cmake")
 set(CPACK_PACKAGE_FILE_NAME
   "hostsweep-${PROJECT_VERSION}-${package_system}-${CMAKE_SYSTEM_PROCESSOR}")
 

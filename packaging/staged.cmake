@@ -1,6 +1,9 @@
-# Run by CPack on the staged tree before it is packed: gives a Debian package the files that
-# Debian's policy asks for, compressed or stripped where it asks for that. Other packages stay as
-# they are.
+# Run by CPack on the staged tree before it is packed: lets everybody into its folders, whatever the
+# umask was, and gives a Debian package the files that Debian's policy asks for, compressed or
+# stripped where it asks for that.
+file(CHMOD_RECURSE "${CPACK_TEMPORARY_INSTALL_DIRECTORY}" DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
   return()
 endif()
