@@ -20,7 +20,9 @@ namespace {
 // An application that notes its waits instead of waiting.
 class PromptApp : public App {
  public:
-  void DoEvents(std::int64_t milliseconds) override { Waits += " " + std::to_string(milliseconds); }
+  void DoEvents(std::int64_t milliseconds) override {
+    Waits.append(" ").append(std::to_string(milliseconds));
+  }
   std::string Waits;
 
  private:
