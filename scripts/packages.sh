@@ -45,7 +45,7 @@ install_missing() {
     is_there "${need%=*}" || missing="$missing ${need##*=}"
   done
   [ -n "$missing" ] || return 0
-  if command -v brew >/dev/null; then
+  if [ "$(uname)" = Darwin ] && command -v brew >/dev/null; then
     say "installing$missing"
     # shellcheck disable=SC2086 # several words
     brew install $missing >&2 && return
