@@ -51,9 +51,9 @@ install_missing() {
     brew install $missing >&2 && return
   elif command -v apt-get >/dev/null && { [ "$(id -u)" = 0 ] || command -v sudo >/dev/null; }; then
     say "installing$missing"
+    as_root apt-get update -qq >&2 || say "some lists of packages are out of reach"
     # shellcheck disable=SC2086
-    as_root apt-get update -qq >&2 && as_root apt-get install -qq --no-install-recommends $missing >&2 &&
-      return
+    as_root apt-get install -qq --no-install-recommends $missing >&2 && return
   fi
   say "please install:$missing"
   exit 1
