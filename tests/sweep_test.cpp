@@ -68,11 +68,9 @@ std::string Read(const std::vector<Text>& arguments) {
 TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
   const std::pair<std::vector<Text>, const char*> rows[] = {
       {{}, "quit 0"},
-      {{"10.0.0", "5"}, "quit 0"},
       {{"10.0.0.5.", "5"}, "quit 0"},
       {{"10.0.0.250", "6"}, "10.0.0 250 6"},
       {{"10.0.0.250", "7"}, "quit 0"},
-      {{"10.0.0.5", "0.9"}, "quit 0"},
       {{"10.0.0.5", "9223372036854775808"}, "quit 0"},
       {{"\xFF.\u20AC..7x", "2.9"}, "\xFF.\u20AC. 7 2"},
       {{"...", "3"}, ".. 0 3"},
