@@ -13,8 +13,6 @@ std::int64_t RunWithHandler(ConsoleApplication& application, const std::vector<T
     return application.Run(arguments);
   } catch (const EndException&) {
     throw;
-  } catch (const ThreadEndException&) {
-    throw;
   } catch (const RuntimeException& error) {
     if (!application.UnhandledException(error)) throw;
     return 0;
@@ -38,8 +36,6 @@ std::int64_t _CallFunctionWithExceptionHandling(  // NOLINT(bugprone-reserved-id
     return RunWithHandler(application, arguments);
   } catch (const EndException& end) {  // from `Run` or from the handler: `Quit` works in both
     return end.ExitCode();
-  } catch (const ThreadEndException&) {
-    return 0;
   }
 }
 

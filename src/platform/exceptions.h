@@ -23,8 +23,8 @@ class EndException : public RuntimeException {
   std::int64_t exitCode_;
 };
 
-// The thread is to end: like `EndException`, with exit code 0.
-class ThreadEndException : public RuntimeException {};
+// The thread is to end, which in a program of one thread is the same with exit code 0.
+class ThreadEndException : public EndException {};
 
 // The system shell cannot be started: no descriptors, no processes, no shell.
 class ShellNotAvailableException : public RuntimeException {};

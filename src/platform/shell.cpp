@@ -51,25 +51,28 @@ Pipe OpenPipe() {
   return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
+// The result of the call, made again for as long as signals interrupt it. Raises
+// `ShellNotRunningException` if it fails.
+template <typename Call>
+auto Uninterrupted(Call call) {
+  for (;;) {
+    const auto result = call();
+    if (result >= 0) return result;
+    if (errno != EINTR) throw ShellNotRunningException();
+  }
+}
+
 // True if the descriptor has something to read, its end included, within the time.
 bool BecomesReadable(const Descriptor& reader, int milliseconds) {
   pollfd wanted = {reader.Number(), POLLIN, 0};
-  int ready = 0;
-  do {
-    ready = poll(&wanted, 1, milliseconds);
-  } while (ready < 0 && errno == EINTR);
-  if (ready < 0) throw ShellNotRunningException();
-  return ready > 0;
+  return Uninterrupted([&] { return poll(&wanted, 1, milliseconds); }) > 0;
 }
 
 // Appends what can be read now; false at the end.
 bool ReadSome(const Descriptor& reader, std::string& output) {
   std::array<char, 65536> buffer;  // the usual size of a pipe
-  ssize_t size = 0;
-  do {
-    size = read(reader.Number(), buffer.data(), buffer.size());
-  } while (size < 0 && errno == EINTR);
-  if (size < 0) throw ShellNotRunningException();
+  const ssize_t size =
+      Uninterrupted([&] { return read(reader.Number(), buffer.data(), buffer.size()); });
   output.append(buffer.data(), static_cast<std::size_t>(size));
   return size > 0;
 }

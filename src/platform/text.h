@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace hostsweep {
@@ -14,7 +13,6 @@ class Text {
  public:
   Text() = default;
   Text(std::string bytes) : bytes_(std::move(bytes)) {}
-  Text(std::string_view bytes) : bytes_(bytes) {}
   Text(const char* bytes) : bytes_(bytes) {}
 
   [[nodiscard]] const std::string& Bytes() const { return bytes_; }
