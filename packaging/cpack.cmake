@@ -2,12 +2,12 @@
 set(CPACK_PACKAGE_VENDOR "The hostsweep authors")
 set(CPACK_PACKAGE_CONTACT
   "The hostsweep authors <maintainers@users.noreply.c-seed-a5e86583.example>")
-set(CPACK_STRIP_FILES ON)
 set(CPACK_GENERATOR TGZ)
 set(package_system macos)
 
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   set(package_system linux)
+  set(CPACK_STRIP_FILES ON) # not on macOS, where it would break the signature
   find_program(dpkg NAMES dpkg)
   if(dpkg)
     list(APPEND CPACK_GENERATOR DEB)
@@ -22,8 +22,6 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
 reverse DNS gives and the hardware address that the ARP cache holds, for
 other programs to read. It does no network work of its own: it runs ping,
 host and a small tool that reads the ARP cache, and needs no privileges.")
-elseif(CMAKE_SYSTEM_NAME STREQUAL "Darwin")
-  set(CPACK_STRIP_FILES OFF) # it would break the signature
 endif()
 set(CPACK_PRE_BUILD_SCRIPTS "${CMAKE_CURRENT_LIST_DIR}/staged.cmake")
 set(CPACK_PACKAGE_FILE_NAME
