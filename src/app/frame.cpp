@@ -1,6 +1,7 @@
 #include "app/frame.h"
 
 #include "app/app.h"
+#include "app/version.h"
 #include "platform/exceptions.h"
 #include "platform/process.h"
 
@@ -25,7 +26,9 @@ std::int64_t RunProgram(const std::vector<Text>& arguments) {
   MakeProcessReady();
   App application;
   application.Constructor();
-  application._x_SetVersionData(4, 4, 0, 0, 3, "", "4.4.0", "");
+  constexpr std::int64_t FinalRelease = 3;
+  application._x_SetVersionData(MajorVersion, MinorVersion, BugVersion, 0, FinalRelease, "",
+                                ShortVersion, "");
   const ApplicationRegistration registration(application);
   return _CallFunctionWithExceptionHandling(application, arguments);
 }

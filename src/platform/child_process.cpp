@@ -8,7 +8,9 @@
 
 #include <cerrno>
 
+#include "platform/environment.h"
 #include "platform/exceptions.h"
+#include "platform/pointers.h"
 
 namespace hostsweep {
 namespace {
@@ -63,44 +65,56 @@ class SignalState {
   posix_spawnattr_t attributes_{};
 };
 
-// The array of pointers that POSIX takes for a list of strings; valid as long as the strings are.
-std::vector<char*> Pointers(const std::vector<std::string>& strings) {
-  std::vector<char*> pointers;
-  pointers.reserve(strings.size() + 1);
-  // POSIX's type lacks a const, but promises that the strings are not changed.
-  for (const std::string& string : strings) pointers.push_back(const_cast<char*>(string.c_str()));
-  pointers.push_back(nullptr);
-  return pointers;
+pid_t Spawn(const std::vector<std::string>& command, const std::vector<std::string>& environment,
+            const posix_spawn_file_actions_t* streams, const posix_spawnattr_t* attributes) {
+  pid_t pid = -1;
+  Require(posix_spawn(&pid, command.front().c_str(), streams, attributes, Pointers(command).data(),
+                      Pointers(environment).data()));
+  return pid;
 }
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::string& command, const std::vector<std::string>& environment,
-                           int output) {
+ChildProcess ChildProcess::Apart(const std::vector<std::string>& command,
+                                 const std::vector<std::string>& environment, int output) {
   StandardStreams streams;
   streams.CollectIn(output);
   SignalState signals;
   signals.Reset();
-  const std::vector<std::string> arguments = {"sh", "-c", command};
-  Require(posix_spawn(&pid_, "/bin/sh", streams.Get(), signals.Get(), Pointers(arguments).data(),
-                      Pointers(environment).data()));
+  return ChildProcess(Spawn(command, environment, streams.Get(), signals.Get()));
+}
+
+ChildProcess ChildProcess::Sharing(const std::vector<std::string>& command) {
+  return ChildProcess(Spawn(command, Environment(), nullptr, nullptr));
 }
 
 ChildProcess::~ChildProcess() {
-  if (ended_) return;
-  kill(pid_, SIGKILL);
+  Kill();
   Wait();
 }
 
 bool ChildProcess::HasEnded() {
-  // -1 means that the child is known to have ended: a caller that ignores SIGCHLD has had it
-  // reaped.
-  if (!ended_) ended_ = waitpid(pid_, nullptr, WNOHANG) != 0;
+  Reap(WNOHANG);
   return ended_;
 }
 
-void ChildProcess::Wait() {
-  while (!ended_) ended_ = waitpid(pid_, nullptr, 0) != -1 || errno != EINTR;
+int ChildProcess::Wait() {
+  while (!ended_) Reap(0);
+  return status_;
+}
+
+void ChildProcess::Kill() const {
+  if (!ended_) kill(pid_, SIGKILL);
+}
+
+void ChildProcess::Reap(int options) {
+  if (ended_) return;
+  int status = 0;
+  const pid_t reaped = waitpid(pid_, &status, options);
+  if (reaped == 0) return;
+  if (reaped == -1 && errno == EINTR) return;
+  ended_ = true;
+  status_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 }  // namespace hostsweep

@@ -1,4 +1,5 @@
-// One child process: starting it and waiting for its end. What it prints is its reader's business.
+// One child process: starting a program, waiting for its end, and ending it. What it prints is for
+// the owner of the descriptors to read.
 #pragma once
 
 #include <sys/types.h>
@@ -8,15 +9,22 @@
 
 namespace hostsweep {
 
-// A running command. One that has not ended when its owner goes is killed, so none outlives it.
+// A program that has been started. The destructor kills a child that is still running and waits for
+// its end, so no child outlives its owner.
 //
-// The child starts with default signal dispositions and an empty signal mask whatever the caller
-// has; its standard input is empty, and its standard error is discarded.
+// `command` is the program's path followed by its arguments. Starting raises
+// `ShellNotAvailableException` if the system cannot do it.
 class ChildProcess {
  public:
-  // Starts `/bin/sh -c command` with the environment (elements "NAME=value") and with the
-  // descriptor `output` as standard output. Raises `ShellNotAvailableException` if that fails.
-  ChildProcess(const std::string& command, const std::vector<std::string>& environment, int output);
+  // Starts a program apart from the caller's surroundings: with this environment (elements
+  // "NAME=value") and standard output; with an empty standard input; its standard error is
+  // discarded, every signal has its default action and none is blocked.
+  static ChildProcess Apart(const std::vector<std::string>& command,
+                            const std::vector<std::string>& environment, int output);
+
+  // Starts a program that shares the environment, the descriptors and the signal state of this one.
+  static ChildProcess Sharing(const std::vector<std::string>& command);
+
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();
@@ -24,12 +32,20 @@ class ChildProcess {
   // True once the child has ended; does not wait.
   bool HasEnded();
 
-  // Returns when the child has ended.
-  void Wait();
+  // Returns when the child has ended. Gives its exit status as sh(1) reports it: 128 and the
+  // signal's number for a child that a signal ended.
+  int Wait();
+
+  // Ends the child at once. Has no effect on one that has ended.
+  void Kill() const;
 
  private:
-  pid_t pid_ = -1;
+  explicit ChildProcess(pid_t pid) : pid_(pid) {}
+  void Reap(int options);
+
+  pid_t pid_;
   bool ended_ = false;
+  int status_ = 0;
 };
 
 }  // namespace hostsweep

@@ -1,4 +1,5 @@
-// Where the shell looks for the tools, so that a command means the same on every system.
+// The search path: the folders in which commands are looked for, joined by ":". An empty one is the
+// working directory. A folder is recognised by what it is, however its path is spelled.
 #pragma once
 
 #include <string>
@@ -6,9 +7,18 @@
 
 namespace hostsweep {
 
-// The caller's search path (folders joined by ":"; empty for none), made to lead to the tools:
-// those of /usr/bin, /bin, /usr/sbin and /sbin that it lacks come last, and `toolsFolder`, unless
-// empty, comes in front of the first of these four. So what the caller put before them goes first.
+// The caller's search path (empty for none), made to lead to the tools: those of /usr/bin, /bin,
+// /usr/sbin and /sbin that it lacks come last, and `toolsFolder`, unless empty, comes before the
+// first of these four. So what the caller put before them is found first.
 std::string SearchPath(std::string_view callersPath, std::string_view toolsFolder);
+
+// The first program of this name in the folders of `searchPath` that come after the last one in
+// which the name leads to the file `self`; in all folders if it leads there in none. Empty if there
+// is no such program.
+//
+// Programs that each run the next one of their own name so come to an end: no two of them, nor one
+// under two names, can run each other in turn.
+std::string NextProgram(std::string_view searchPath, const std::string& name,
+                        const std::string& self);
 
 }  // namespace hostsweep

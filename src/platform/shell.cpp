@@ -1,22 +1,13 @@
 #include "platform/shell.h"
 
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
+#include <chrono>
 #include <string_view>
-#include <utility>
 
 #include "platform/child_process.h"
-#include "platform/descriptor.h"
-#include "platform/exceptions.h"
+#include "platform/environment.h"
+#include "platform/pipe.h"
 #include "platform/search_path.h"
 #include "platform/tools_folder.h"
-
-// POSIX has every program declare it, though some systems do so as well.
-extern "C" char** environ;  // NOLINT(readability-redundant-declaration)
 
 namespace hostsweep {
 namespace {
@@ -26,71 +17,41 @@ std::vector<std::string> ToolEnvironment() {
   constexpr std::string_view PathVariable = "PATH=";
   std::string callersPath;
   std::vector<std::string> environment;
-  for (char** variable = environ; variable != nullptr && *variable != nullptr; ++variable) {
-    const std::string_view text = *variable;
-    if (text.substr(0, PathVariable.size()) == PathVariable) {
-      callersPath = text.substr(PathVariable.size());
+  for (const std::string& variable : Environment()) {
+    if (variable.starts_with(PathVariable)) {
+      callersPath = variable.substr(PathVariable.size());
     } else {
-      environment.emplace_back(text);
+      environment.push_back(variable);
     }
   }
   environment.push_back(std::string(PathVariable) + SearchPath(callersPath, ToolsFolder()));
   return environment;
 }
 
-struct Pipe {
-  Descriptor reader;
-  Descriptor writer;
-};
-
-// A pipe that no child inherits.
-Pipe OpenPipe() {
-  std::array<int, 2> ends{};
-  if (pipe(ends.data()) != 0) throw ShellNotAvailableException();
-  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
-  return {Descriptor(ends[0]), Descriptor(ends[1])};
-}
-
-// The result of the call, made again for as long as signals interrupt it. Raises
-// `ShellNotRunningException` if it fails.
-template <typename Call>
-auto Uninterrupted(Call call) {
-  for (;;) {
-    const auto result = call();
-    if (result >= 0) return result;
-    if (errno != EINTR) throw ShellNotRunningException();
+// Reads for that long. False if the end of the pipe came first.
+bool ReadFor(std::chrono::milliseconds time, const Descriptor& reader, std::string& output) {
+  using std::chrono::steady_clock;
+  const steady_clock::time_point end = steady_clock::now() + time;
+  while (BecomesReadable(reader, time)) {
+    if (!ReadOnce(reader, output)) return false;
+    time = std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now());
+    if (time.count() <= 0) break;
   }
+  return true;
 }
 
-// True if the descriptor has something to read, its end included, within the time.
-bool BecomesReadable(const Descriptor& reader, int milliseconds) {
-  pollfd wanted = {reader.Number(), POLLIN, 0};
-  return Uninterrupted([&] { return poll(&wanted, 1, milliseconds); }) > 0;
-}
-
-// Appends what can be read now; false at the end.
-bool ReadSome(const Descriptor& reader, std::string& output) {
-  std::array<char, 65536> buffer;  // the usual size of a pipe
-  const ssize_t size =
-      Uninterrupted([&] { return read(reader.Number(), buffer.data(), buffer.size()); });
-  output.append(buffer.data(), static_cast<std::size_t>(size));
-  return size > 0;
-}
-
-// What the child writes until it ends. A process that it leaves behind may hold the pipe open for
-// as long as it likes, so in the silence the child itself is looked at as well.
+// What the child writes until it has ended. A process that it leaves behind can hold the pipe open
+// and go on writing, so the child itself is looked at from time to time; what the pipe holds when
+// the child is seen to have ended is the last that is read.
 std::string Collect(const Descriptor& reader, ChildProcess& child) {
-  constexpr int SilenceMilliseconds = 50;
+  constexpr std::chrono::milliseconds Interval(50);
   std::string output;
-  for (bool ended = false;;) {
-    if (BecomesReadable(reader, ended ? 0 : SilenceMilliseconds)) {
-      if (!ReadSome(reader, output)) break;
-    } else {
-      if (ended) break;
-      ended = child.HasEnded();
-    }
+  while (!child.HasEnded()) {
+    if (ReadFor(Interval, reader, output)) continue;
+    child.Wait();
+    return output;
   }
-  child.Wait();
+  if (BecomesReadable(reader, std::chrono::milliseconds(0))) ReadOnce(reader, output);
   return output;
 }
 
@@ -100,9 +61,10 @@ Shell::Shell() : environment_(ToolEnvironment()) {}
 
 void Shell::Execute(const Text& command) {
   Pipe output = OpenPipe();
-  ChildProcess child(command.Bytes(), environment_, output.writer.Number());
-  output.writer.Close();  // the child's copy is the last one, so its end is the output's end
-  SetResult(Collect(output.reader, child));
+  ChildProcess child =
+      ChildProcess::Apart({"/bin/sh", "-c", command.Bytes()}, environment_, output.Writer.Number());
+  output.Writer.Close();  // the child's copy is the last one, so its end is the output's end
+  SetResult(Collect(output.Reader, child));
 }
 
 }  // namespace hostsweep

@@ -1,0 +1,28 @@
+// A pipe, and waiting for what comes out of it.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "platform/descriptor.h"
+
+namespace hostsweep {
+
+// The two ends of a pipe. Programs that this process starts do not inherit them.
+struct Pipe {
+  Descriptor Reader;
+  Descriptor Writer;
+};
+
+// A new pipe. Raises `ShellNotAvailableException` if the system has none to give.
+Pipe OpenPipe();
+
+// True if the descriptor can be read, or has reached its end, within the time; a time below 0
+// counts as 0. Raises `ShellNotRunningException` if waiting fails.
+bool BecomesReadable(const Descriptor& reader, std::chrono::milliseconds time);
+
+// Reads once, as much as a pipe holds at most, and appends it to `output`. False at the end. Raises
+// `ShellNotRunningException` if reading fails.
+bool ReadOnce(const Descriptor& reader, std::string& output);
+
+}  // namespace hostsweep

@@ -1,0 +1,49 @@
+// ping ARGUMENTS: runs the next ping on the search path, and ends it after one second. Except on
+// macOS -t is no time limit, and a ping without an answer can take ten seconds.
+#include <fcntl.h>
+
+#include <chrono>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "platform/child_process.h"
+#include "platform/exceptions.h"
+#include "platform/pipe.h"
+#include "tools/next_program.h"
+
+namespace hostsweep {
+namespace {
+
+// Its exit status. The child holds one end of a pipe while it runs, so the other end tells when it
+// has ended. An interrupt from the terminal reaches it as well as this program.
+int RunForOneSecond(const std::vector<std::string>& command) {
+  Pipe lifetime = OpenPipe();
+  fcntl(lifetime.Writer.Number(), F_SETFD, 0);  // the child inherits it
+  ChildProcess child = ChildProcess::Sharing(command);
+  lifetime.Writer.Close();
+  if (!BecomesReadable(lifetime.Reader, std::chrono::seconds(1))) child.Kill();
+  return child.Wait();
+}
+
+int Run(std::vector<std::string> command) {
+  const std::string ping = NextProgram("ping");
+  if (ping.empty()) {
+    std::fputs("ping: not found\n", stderr);
+    return 127;
+  }
+  command.front() = ping;
+  try {
+    return RunForOneSecond(command);
+  } catch (const RuntimeException&) {
+    std::fprintf(stderr, "ping: cannot run %s\n", ping.c_str());
+    return 126;
+  }
+}
+
+}  // namespace
+}  // namespace hostsweep
+
+int main(int argumentCount, char** arguments) {
+  return hostsweep::Run({arguments, arguments + argumentCount});
+}
