@@ -71,7 +71,7 @@ TEST(Shell, ToolsInheritNoOtherDescriptor) {
   const Descriptor inherited(dup(STDOUT_FILENO));
   const std::string look = "[ -e /dev/fd/" + std::to_string(inherited.Number()) + " ] && echo open";
   ASSERT_EQ(OutputOf(look), "open\n");
-  MakeProcessReady();
+  PrepareProcess();
   EXPECT_EQ(OutputOf(look), "");
 }
 

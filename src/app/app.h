@@ -8,17 +8,18 @@
 
 namespace hostsweep {
 
-// The one application. It adds no state; its `Run` is written by the floor above.
+// The one application. It adds no state.
 class App : public ConsoleApplication {
  public:
   // The application object of this process. Raises `NilObjectException` if there is none, or if it
   // is not an `App`.
   static App& Current();
 
-  // Always 0, or left by an exception.
+  // The program's whole work, which ends by `Quit(0)`. Defined in src/sweep/run.cpp, in the layer
+  // that does this work.
   std::int64_t Run(const std::vector<Text>& arguments) override;
 
-  // Ends the program with exit code 0, by `Quit`: an error is never reported.
+  // Ends the program by `Quit(0)`: errors are not reported.
   bool UnhandledException(const RuntimeException& error) override;
 };
 

@@ -1,4 +1,4 @@
-// The application object as the frame knows it: what a console program is asked, in which order.
+// The application object as the frame sees it.
 #pragma once
 
 #include <cstdint>
@@ -9,16 +9,15 @@
 
 namespace hostsweep {
 
-// Base of the one application object. The frame constructs it, stores its version data, registers
-// it and calls `Run`, each once and in this order.
+// Base of the one application object. The frame creates it, calls `Constructor`, stores its version
+// data, registers it and calls `Run`, each once and in this order.
 class ConsoleApplication {
  public:
   ConsoleApplication() = default;
   ConsoleApplication(const ConsoleApplication&) = delete;
   ConsoleApplication& operator=(const ConsoleApplication&) = delete;
-  virtual ~ConsoleApplication() = default;
 
-  // Waits that many milliseconds; 0 or less returns at once.
+  // Waits that many milliseconds; returns at once for 0 or less.
   virtual void DoEvents(std::int64_t milliseconds);
 
   // Stores the version data in the properties below.
@@ -27,15 +26,17 @@ class ConsoleApplication {
                                  std::int64_t stageCode, const Text& longVersion,
                                  const Text& shortVersion, const Text& packageInfo);
 
-  // The application's work; its result is the exit status. Argument 0 is the program's path.
+  // The application's work. Returns the exit status. Argument 0 is the program's path.
   virtual std::int64_t Run(const std::vector<Text>& arguments) = 0;
 
-  // Offered an exception that escaped `Run`; true if it counts as handled. Unless overridden, none
-  // does.
+  // Called with an exception that escaped `Run`. Returns true if that counts as handled; unless
+  // overridden, it never does.
   virtual bool UnhandledException(const RuntimeException& error);
 
-  // Construction by the frame; unless overridden, there is nothing to do.
+  // Called once after the object is created. Does nothing unless overridden.
   virtual void Constructor() {}
+
+  virtual ~ConsoleApplication() = default;
 
   std::int64_t MajorVersion = 0;
   std::int64_t MinorVersion = 0;
@@ -47,7 +48,7 @@ class ConsoleApplication {
   Text PackageInfo;
 };
 
-// Makes an application the process's one application object for as long as the registration lives.
+// Registers an application as the one of the process, until the registration is destroyed.
 class ApplicationRegistration {
  public:
   explicit ApplicationRegistration(ConsoleApplication& application);
@@ -55,7 +56,7 @@ class ApplicationRegistration {
   ApplicationRegistration& operator=(const ApplicationRegistration&) = delete;
   ~ApplicationRegistration();
 
-  // The registered application, null if there is none.
+  // The registered application; null if there is none.
   static ConsoleApplication* Registered();
 };
 

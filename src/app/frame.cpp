@@ -8,7 +8,7 @@
 namespace hostsweep {
 namespace {
 
-// Calls `Run`, offering what escapes it to the application's handler.
+// Calls `Run`, and the application's handler with an error that escapes it.
 std::int64_t RunWithHandler(ConsoleApplication& application, const std::vector<Text>& arguments) {
   try {
     return application.Run(arguments);
@@ -23,7 +23,7 @@ std::int64_t RunWithHandler(ConsoleApplication& application, const std::vector<T
 }  // namespace
 
 std::int64_t RunProgram(const std::vector<Text>& arguments) {
-  MakeProcessReady();
+  PrepareProcess();
   App application;
   application.Constructor();
   constexpr std::int64_t FinalRelease = 3;
@@ -37,7 +37,7 @@ std::int64_t _CallFunctionWithExceptionHandling(  // NOLINT(bugprone-reserved-id
     ConsoleApplication& application, const std::vector<Text>& arguments) {
   try {
     return RunWithHandler(application, arguments);
-  } catch (const EndException& end) {  // from `Run` or from the handler: `Quit` works in both
+  } catch (const EndException& end) {
     return end.ExitCode();
   }
 }

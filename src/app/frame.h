@@ -1,4 +1,4 @@
-// The frame: from the process entry to `Run`, and from the end of `Run` to the exit status.
+// The frame around `Run`: from the process entry to its call, and from its end to the exit status.
 #pragma once
 
 #include <cstdint>
@@ -9,15 +9,16 @@
 
 namespace hostsweep {
 
-// Runs the program with its arguments, the first of which is its own path; gives the exit status.
-// An error before `Run`, or one that `_CallFunctionWithExceptionHandling` lets pass, passes on.
+// Runs the program with its arguments, the first of which is its own path. Returns the exit status.
+// Lets exceptions from before `Run` pass, and those that `_CallFunctionWithExceptionHandling` does.
 std::int64_t RunProgram(const std::vector<Text>& arguments);
 
-// Calls the application's `Run` and gives the exit status: its result, or the code given to `Quit`,
-// or 0 when a `RuntimeException` escapes it and `UnhandledException` tells it handled. One that is
-// not handled, anything that is no `RuntimeException` and any error of the handler itself pass on.
+// Calls the application's `Run`. Returns the exit status: the result of `Run`, or the code given to
+// `Quit` in `Run` or in the handler, or 0 if a `RuntimeException` escapes `Run` and
+// `UnhandledException` returns true for it. Lets a `RuntimeException` for which it returns false,
+// any other exception from `Run`, and any error of the handler itself pass.
 //
-// The name is the frame's; the standard reserves its spelling, but nothing else uses it.
+// The standard reserves names of this form; no implementation uses this one.
 std::int64_t _CallFunctionWithExceptionHandling(  // NOLINT(bugprone-reserved-identifier)
     ConsoleApplication& application, const std::vector<Text>& arguments);
 

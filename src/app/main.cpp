@@ -1,4 +1,4 @@
-// The process entry. Nothing but the way into the frame and out of it.
+// The process entry: calls the frame, and nothing else.
 #include <vector>
 
 #include "app/frame.h"
@@ -8,7 +8,7 @@ int main(int argumentCount, char** arguments) {
     const std::vector<hostsweep::Text> texts(arguments, arguments + argumentCount);
     return static_cast<int>(hostsweep::RunProgram(texts));
   } catch (...) {
-    // Callers are promised status 0 and not a word, whatever becomes of the program.
+    // The exit status is always 0; errors are not reported.
     return 0;
   }
 }

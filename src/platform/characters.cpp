@@ -6,9 +6,9 @@ namespace hostsweep {
 namespace {
 
 struct Lead {
-  std::size_t size;             // bytes of a sequence that begins so; 1: none does
-  unsigned char lowestSecond;   // bounds of its second byte, which keep out overlong forms,
-  unsigned char highestSecond;  // surrogates and what lies above U+10FFFF
+  std::size_t size;             // of a sequence that begins with the byte; 1 if none does
+  unsigned char lowestSecond;   // bounds of its second byte, which exclude overlong forms,
+  unsigned char highestSecond;  // surrogates and everything above U+10FFFF
 };
 
 // The table of RFC 3629, section 4.
@@ -38,7 +38,7 @@ std::size_t CharacterSize(std::string_view bytes) {
   return std::all_of(others.begin(), others.end(), IsContinuation) ? lead.size : 1;
 }
 
-bool SameLetters(std::string_view left, std::string_view right) {
+bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return UpperCase(a) == UpperCase(b); });
 }

@@ -1,5 +1,5 @@
-// What a single character of a text is: how many bytes it takes, and which characters are the same
-// letter. Nothing here depends on the locale.
+// Single characters of a text: how many bytes each takes, and when two are the same letter. Nothing
+// here depends on the locale.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +7,16 @@
 
 namespace hostsweep {
 
-// Bytes taken by the first character of `bytes`, which must not be empty: 1 to 4 for a well-formed
-// UTF-8 sequence (RFC 3629, section 4), 1 for a byte that begins none.
+// The number of bytes of the first character of `bytes`, which must not be empty: 1 to 4 for a
+// well-formed UTF-8 sequence (RFC 3629, section 4), 1 for a byte that does not begin one.
 std::size_t CharacterSize(std::string_view bytes);
 
-// "A" to "Z" for "a" to "z"; any other byte as it is, so the bytes of a longer character too.
+// "A" to "Z" for "a" to "z"; any other byte unchanged, so that longer characters stay whole.
 constexpr char UpperCase(char byte) {
   return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
 }
 
-// True if both have the same bytes, letter case in ASCII disregarded.
-bool SameLetters(std::string_view left, std::string_view right);
+// True if both have the same bytes, with the case of ASCII letters ignored.
+bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace hostsweep

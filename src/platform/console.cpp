@@ -12,8 +12,8 @@
 namespace hostsweep {
 namespace {
 
-// A reader that is slower than we are, on a descriptor that somebody made non-blocking.
-void WaitForReader() {
+// Returns when a non-blocking standard output can be written again.
+void WaitUntilWritable() {
   pollfd wanted = {STDOUT_FILENO, POLLOUT, 0};
   poll(&wanted, 1, -1);
 }
@@ -27,11 +27,12 @@ void Print(const Text& line) {
     const ssize_t written = write(STDOUT_FILENO, rest.data(), rest.size());
     if (written > 0) {
       rest.remove_prefix(static_cast<std::size_t>(written));
-    } else if (written < 0 && errno == EAGAIN) {
-      WaitForReader();
-    } else if (written == 0 || errno != EINTR) {
-      Quit(0);
+      continue;
     }
+    if (written == 0) Quit(0);  // would repeat itself for ever
+    if (errno == EINTR) continue;
+    if (errno != EAGAIN) Quit(0);
+    WaitUntilWritable();
   }
 }
 

@@ -7,13 +7,12 @@
 
 namespace hostsweep {
 
-// Writes the text and a line feed to standard output, at once and in one write, so that lines of
-// several processes never mix. Ends the program with exit code 0, by `Quit`, when standard output
-// cannot be written any more: nobody is left to print for.
+// Writes the text and a line feed to standard output, without buffering and in one call where the
+// system takes the line whole. Ends the program by `Quit(0)` on a write error.
 void Print(const Text& line);
 
-// Ends the program with the exit code: everything between here and the frame is released on the
-// way. Raises the `EndException` that the frame waits for; do not catch it.
+// Ends the program with the exit code, by raising the `EndException` that only the frame catches:
+// everything between the caller and the frame is released.
 [[noreturn]] void Quit(std::int64_t exitCode);
 
 }  // namespace hostsweep

@@ -7,7 +7,7 @@
 
 namespace hostsweep {
 
-// Closes its descriptor when it goes. Movable; a moved-from one owns nothing.
+// Closes its descriptor on destruction. Movable; a moved-from object owns nothing.
 class Descriptor {
  public:
   explicit Descriptor(int number) : number_(number) {}
@@ -19,7 +19,7 @@ class Descriptor {
 
   [[nodiscard]] int Number() const { return number_; }
 
-  // Closes the descriptor before its owner goes.
+  // Closes the descriptor now.
   void Close() {
     if (number_ >= 0) close(std::exchange(number_, -1));
   }

@@ -1,5 +1,4 @@
-// The exceptions of the system. An exception that no one expects ends the program, so there are
-// few.
+// The exceptions of the system. Only the frame catches them.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +6,13 @@
 
 namespace hostsweep {
 
-// Base of every exception that the application's handler is offered.
+// Base of every exception that is passed to the application's `UnhandledException`.
 class RuntimeException : public std::exception {};
 
-// An object that an operation needs does not exist.
+// An object that an operation needs is missing.
 class NilObjectException : public RuntimeException {};
 
-// The program is to end: not an error, but the way out of `Run` (see `Quit`).
+// The program is to end. Not an error: `Quit` raises it to leave `Run`.
 class EndException : public RuntimeException {
  public:
   explicit EndException(std::int64_t exitCode = 0) : exitCode_(exitCode) {}
@@ -23,13 +22,14 @@ class EndException : public RuntimeException {
   std::int64_t exitCode_;
 };
 
-// The thread is to end, which in a program of one thread is the same with exit code 0.
+// The thread is to end. In a program of one thread that is the end of the program, with exit code
+// 0.
 class ThreadEndException : public EndException {};
 
-// The system shell cannot be started: no descriptors, no processes, no shell.
+// A command cannot be started: the system lacks descriptors, processes or the program itself.
 class ShellNotAvailableException : public RuntimeException {};
 
-// The shell was lost while its output was read.
+// The output of a running command cannot be read.
 class ShellNotRunningException : public RuntimeException {};
 
 }  // namespace hostsweep

@@ -14,8 +14,7 @@ namespace {
 void OpenStandardDescriptors() {
   for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     const bool isClosed = fcntl(number, F_GETFD) == -1;
-    // The lowest free number is the one that is taken.
-    if (isClosed) open("/dev/null", O_RDONLY);
+    if (isClosed) open("/dev/null", O_RDONLY);  // takes the lowest free number, which is this one
   }
 }
 
@@ -38,7 +37,7 @@ void PrepareSignals() {
 
 }  // namespace
 
-void MakeProcessReady() {
+void PrepareProcess() {
   OpenStandardDescriptors();
   KeepOtherDescriptorsFromChildren();
   PrepareSignals();

@@ -1,14 +1,15 @@
-// What the process has to be like before anything else runs in it.
+// The state of the process before the program's own work begins.
 #pragma once
 
 namespace hostsweep {
 
-// Puts right what a caller may have left odd. To be called once, first of all:
-// - Standard descriptors that are closed are opened on /dev/null, so that nothing else lands on
-//   them. Writing to one of these still fails.
-// - Other inherited descriptors stay in this process: children do not get them.
-// - A write that has no reader, or finds the file too large, fails instead of killing the program.
-// - No signal is blocked: an interrupt ends the program.
-void MakeProcessReady();
+// Normalises the process state inherited from the caller. To be called once, before anything else:
+// - Closed standard descriptors are opened on /dev/null, so that no other file gets their numbers.
+//   Writing to them still fails.
+// - Child processes do not inherit any other descriptor.
+// - Writing to a pipe without a reader, or beyond the file size limit, returns an error instead of
+//   raising a signal.
+// - No signal is blocked.
+void PrepareProcess();
 
 }  // namespace hostsweep

@@ -1,12 +1,11 @@
-// Where the running program is. The one question that each operating system answers in its own way,
-// so each has a source file of its own.
+// Where the running program is. POSIX has no answer, so each operating system has a source file.
 #pragma once
 
 #include <string>
 
 namespace hostsweep {
 
-// Absolute path of the running program's file, links resolved; empty if it cannot be told.
+// Absolute path of the running program's file with all links resolved; empty if it is unknown.
 std::string ProgramPath();
 
 }  // namespace hostsweep

@@ -1,4 +1,4 @@
-// macOS: the path that the program was started by, dyld(3), made absolute.
+// macOS: the path by which the program was started, dyld(3), made absolute.
 #include <mach-o/dyld.h>
 
 #include <array>

@@ -28,7 +28,7 @@ std::vector<std::string> ToolEnvironment() {
   return environment;
 }
 
-// Reads for that long. False if the end of the pipe came first.
+// Reads for that long. False if the pipe came to its end within that time.
 bool ReadFor(std::chrono::milliseconds time, const Descriptor& reader, std::string& output) {
   using std::chrono::steady_clock;
   const steady_clock::time_point end = steady_clock::now() + time;
@@ -40,9 +40,9 @@ bool ReadFor(std::chrono::milliseconds time, const Descriptor& reader, std::stri
   return true;
 }
 
-// What the child writes until it has ended. A process that it leaves behind can hold the pipe open
-// and go on writing, so the child itself is looked at from time to time; what the pipe holds when
-// the child is seen to have ended is the last that is read.
+// What the child writes until it has ended. A process that it leaves running can hold the pipe open
+// and go on writing, so the child itself is checked at intervals; what the pipe holds when the
+// child is found to have ended is the last that is read.
 std::string Collect(const Descriptor& reader, ChildProcess& child) {
   constexpr std::chrono::milliseconds Interval(50);
   std::string output;

@@ -1,4 +1,4 @@
-// The command runner: the only way in which the sweep reaches the operating system's tools.
+// The command runner, through which the sweep reaches the operating system's tools.
 #pragma once
 
 #include <string>
@@ -15,17 +15,19 @@ class Shell {
   Shell();
   Shell(const Shell&) = delete;
   Shell& operator=(const Shell&) = delete;
-  virtual ~Shell() = default;
 
-  // Has `/bin/sh` carry out `command` as it is, with the search path of search_path.h, and returns
-  // when it has ended. Its standard output becomes `Result`, its standard error is discarded, its
-  // standard input is empty. How the command ends makes no difference.
+  // Has `/bin/sh` carry out `command` unchanged, with the search path of search_path.h, and returns
+  // when it has ended. Its standard output becomes `Result`, its standard error is discarded, and
+  // its standard input is empty. The exit status makes no difference. Processes that the command
+  // leaves running are not waited for.
   //
-  // Raises `ShellNotAvailableException` if the shell cannot be started, `ShellNotRunningException`
-  // if it is lost while its output is read; `Result` is then what it was.
+  // Raises `ShellNotAvailableException` if the shell cannot be started, and
+  // `ShellNotRunningException` if its output cannot be read; `Result` is then unchanged.
   virtual void Execute(const Text& command);
 
-  // What the last command wrote, byte for byte; empty before the first.
+  virtual ~Shell() = default;
+
+  // What the most recent command wrote, byte for byte; empty before the first one.
   [[nodiscard]] const Text& Result() const { return result_; }
 
  protected:

@@ -5,8 +5,8 @@
 namespace hostsweep {
 
 bool operator==(const Text& left, const Text& right) {
-  // Characters beyond ASCII consist of bytes beyond ASCII alone, so the bytes tell.
-  return SameLetters(left.bytes_, right.bytes_);
+  // No byte of a character outside ASCII is an ASCII letter, so comparing bytes is enough.
+  return EqualsIgnoringCase(left.bytes_, right.bytes_);
 }
 
 }  // namespace hostsweep

@@ -1,5 +1,5 @@
-// The text type: a value that compares without regard to letter case, so that nobody can compare
-// with it by accident. What can be done with a text is in text_operations.h.
+// The text type. Its equality ignores letter case, so that a case-sensitive comparison cannot slip
+// in. The operations on texts are in text_operations.h.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace hostsweep {
 
-// A sequence of characters. A character is a Unicode code point in UTF-8 (RFC 3629); a byte that is
-// no part of one is a character of its own. The bytes are kept as they came, whatever they are.
+// A sequence of characters. A character is a Unicode code point in UTF-8 (RFC 3629) or a byte that
+// is not part of one. Any bytes are allowed, and they are kept unchanged.
 class Text {
  public:
   Text() = default;
@@ -17,8 +17,8 @@ class Text {
 
   [[nodiscard]] const std::string& Bytes() const { return bytes_; }
 
-  // Equal character for character, "a" to "z" being the same letters as "A" to "Z". No other
-  // letters have case here.
+  // Equal character for character, with the case of ASCII letters ignored; other letters are
+  // compared exactly.
   friend bool operator==(const Text& left, const Text& right);
 
   friend Text operator+(const Text& left, const Text& right) { return left.bytes_ + right.bytes_; }

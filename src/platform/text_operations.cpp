@@ -19,21 +19,21 @@ std::int64_t CountCharacters(std::string_view bytes) {
   return count;
 }
 
-// Byte offset at which the character behind the first `count` ones begins; at most the size.
-std::size_t OffsetBehind(std::string_view bytes, std::int64_t count) {
+// Byte offset of the character after the first `count` ones; at most the size.
+std::size_t OffsetAfter(std::string_view bytes, std::int64_t count) {
   std::string_view rest = bytes;
   for (; count > 0 && !rest.empty(); --count) rest.remove_prefix(CharacterSize(rest));
   return bytes.size() - rest.size();
 }
 
-// True if `source` begins with the characters of `find`. Comparing whole characters keeps a byte
-// that is no text from being found inside a character that is.
+// True if `source` begins with the characters of `find`. Comparing whole characters prevents a
+// stray byte from being found inside a longer character.
 bool BeginsWith(std::string_view source, std::string_view find) {
-  if (!SameLetters(source.substr(0, find.size()), find)) return false;
-  return OffsetBehind(source, CountCharacters(find)) == find.size();
+  if (!EqualsIgnoringCase(source.substr(0, find.size()), find)) return false;
+  return OffsetAfter(source, CountCharacters(find)) == find.size();
 }
 
-// Byte offset of the first `find` at or after the offset `from`, where a character begins.
+// Byte offset of the first `find` at or after `from`, at which a character must begin.
 std::size_t Find(std::string_view source, std::string_view find, std::size_t from) {
   if (find.empty()) return NotFound;
   while (from < source.size()) {
@@ -53,7 +53,7 @@ std::string_view LeadingDigits(std::string_view bytes) {
 std::int64_t Len(const Text& text) { return CountCharacters(text.Bytes()); }
 
 Text Left(const Text& text, std::int64_t count) {
-  return text.Bytes().substr(0, OffsetBehind(text.Bytes(), count));
+  return text.Bytes().substr(0, OffsetAfter(text.Bytes(), count));
 }
 
 Text Right(const Text& text, std::int64_t count) {
@@ -64,12 +64,12 @@ Text Right(const Text& text, std::int64_t count) {
 
 Text Mid(const Text& text, std::int64_t start) {
   if (start <= 1) return text;
-  return text.Bytes().substr(OffsetBehind(text.Bytes(), start - 1));
+  return text.Bytes().substr(OffsetAfter(text.Bytes(), start - 1));
 }
 
 std::int64_t InStr(std::int64_t start, const Text& source, const Text& find) {
   const std::string_view bytes = source.Bytes();
-  const std::size_t from = start <= 1 ? 0 : OffsetBehind(bytes, start - 1);
+  const std::size_t from = start <= 1 ? 0 : OffsetAfter(bytes, start - 1);
   const std::size_t found = Find(bytes, find.Bytes(), from);
   return found == NotFound ? 0 : CountCharacters(bytes.substr(0, found)) + 1;
 }
@@ -137,7 +137,7 @@ double Val(const Text& text) {
   if (!rest.empty() && rest.front() == '.') {
     const std::string_view fraction = LeadingDigits(rest.substr(1));
     number += fraction;
-    // The exponent stands for the point, whose character is the locale's choice.
+    // An exponent in place of the decimal point, whose character depends on the locale.
     number += "e-" + std::to_string(fraction.size());
   }
   return std::strtod(number.c_str(), nullptr);

@@ -1,6 +1,6 @@
-// The operations on texts that the sweep parses and formats with. Positions and lengths count
-// characters, the first at position 1; 0 stands for "not found". None of them fails: a count or a
-// start beyond the text is taken as its nearest end.
+// The operations on texts with which the sweep parses and formats. Lengths and positions count
+// characters; the first is at position 1, and 0 means "not found". None of them fails: counts and
+// starts outside the text are clamped.
 #pragma once
 
 #include <cstdint>
@@ -22,32 +22,33 @@ Text Right(const Text& text, std::int64_t count);
 // The characters from position `start` to the end: all for 1 or less, none beyond the length.
 Text Mid(const Text& text, std::int64_t start);
 
-// Position of the first `find` in `source` at or after `start`, or 0. Letter case is disregarded; a
-// start of 0 or less is 1, and an empty `find` is nowhere.
+// Position of the first `find` in `source` at or after `start`, or 0. Letter case is ignored. A
+// start of 0 or less counts as 1. An empty `find` is never found.
 std::int64_t InStr(std::int64_t start, const Text& source, const Text& find);
 
-// Without the blanks, tabs, carriage returns and line feeds at both ends.
+// The text without the blanks, tabs, carriage returns and line feeds at its two ends.
 Text Trim(const Text& text);
 
-// "a" to "z" turned into "A" to "Z", everything else as it is.
+// The text with "a" to "z" replaced by "A" to "Z"; everything else is unchanged.
 Text Uppercase(const Text& text);
 
-// Number of fields that `separator` divides `source` into, empty ones included: its occurrences
-// plus one. An empty text is one empty field, and an empty separator divides nothing.
+// Number of fields into which `separator` divides `source`, empty ones included: its occurrences
+// plus one. An empty text is one empty field. An empty separator divides nothing.
 std::int64_t CountFields(const Text& source, const Text& separator);
 
-// Those fields in order, as many as `CountFields` tells.
+// Those fields in order, as many as `CountFields` returns.
 std::vector<Text> Split(const Text& source, const Text& separator);
 
 // The fields in order with `separator` between neighbours; empty for no fields.
 Text Join(const std::vector<Text>& fields, const Text& separator);
 
-// Plain decimal, led by "-" if negative.
+// The number in plain decimal, with a leading "-" if it is negative.
 Text Str(std::int64_t value);
 
-// The number that the text begins with, to the nearest double: an optional sign, digits, and
-// optionally "." with more digits. What follows is ignored; 0 if there is no such number, infinite
-// if it is too large. No blanks before it, no exponent, no other radix, no words.
+// The decimal number at the beginning of the text, as the nearest double: an optional sign, digits,
+// and optionally "." and more digits. The rest of the text is ignored. 0 if the text does not begin
+// with such a number; infinite if it is too large. Leading blanks, exponents, other radixes and
+// words such as "inf" are not read.
 double Val(const Text& text);
 
 }  // namespace hostsweep

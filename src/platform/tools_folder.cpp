@@ -7,7 +7,7 @@
 namespace hostsweep {
 namespace {
 
-// What stands before the last "/": the folder of a file, and the folder of a folder.
+// The path up to its last "/": the folder of a file, or the parent of a folder.
 std::string FolderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   return slash == std::string::npos ? "" : path.substr(0, slash);

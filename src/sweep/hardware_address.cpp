@@ -8,7 +8,7 @@
 namespace hostsweep {
 namespace {
 
-bool Holds(const Text& output, const Text& words) { return InStr(0, output, words) > 0; }
+bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) > 0; }
 
 }  // namespace
 
@@ -19,8 +19,8 @@ Text LookupHardwareAddress(Shell& shell, const Text& address) {
 
 Text ParseHardwareAddress(const Text& output) {
   constexpr std::int64_t GroupCount = 6;
-  if (Holds(output, "no entry") || Holds(output, "(incomplete)")) return {};
-  const std::int64_t at = InStr(0, output, " at ");  // 0 without one: three characters are skipped
+  if (Contains(output, "no entry") || Contains(output, "(incomplete)")) return {};
+  const std::int64_t at = InStr(0, output, " at ");  // 0 if it does not occur
   const Text rest = Right(output, Len(output) - at - 3);
   const Text token = Left(rest, InStr(0, rest, " ") - 1);
   return CountFields(token, ":") == GroupCount ? NormaliseHardwareAddress(token) : token;

@@ -6,18 +6,18 @@
 
 namespace hostsweep {
 
-// Runs "Arp " with the address; gives what `ParseHardwareAddress` makes of its output.
+// Runs "Arp " followed by the address, and returns `ParseHardwareAddress` of its output.
 Text LookupHardwareAddress(Shell& shell, const Text& address);
 
-// The hardware address in the output of arp(8): normalised if it has six groups joined by ":",
-// else as printed. Empty if the output holds "no entry" or "(incomplete)" anywhere.
+// The hardware address in the output of arp(8): normalised if it has six groups joined by ":", else
+// as printed. Empty if "no entry" or "(incomplete)" occurs anywhere in the output.
 //
-// It stands between the first " at " and the next blank. Without that blank the result is empty;
-// without " at " it is what stands between the third character and the first blank behind it.
+// It is the text between the first " at " and the next blank; empty if there is no such blank. In
+// an output without " at " it is the text from the fourth character to the next blank.
 Text ParseHardwareAddress(const Text& output);
 
-// Six groups joined by ":" made into upper case and joined by "-", a group of one character led by
-// "0", so that the same card always reads the same.
+// The six groups of a token, which are joined by ":", in upper case and joined by "-", with "0" put
+// in front of a group of one character: one spelling for each hardware address.
 Text NormaliseHardwareAddress(const Text& token);
 
 }  // namespace hostsweep

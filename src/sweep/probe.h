@@ -1,4 +1,4 @@
-// The reachability probe, which fills the ARP cache.
+// The reachability probe, which makes the system fill its ARP cache.
 #pragma once
 
 #include "platform/shell.h"
@@ -6,9 +6,9 @@
 
 namespace hostsweep {
 
-// Has "ping -c 1 -t 1 " send one echo request to the address. Whether a reply comes makes no
-// difference: to send it, the system has to resolve the hardware address, and that is looked up
-// afterwards.
+// Runs "ping -c 1 -t 1 " followed by the address, which sends one echo request. The reply makes no
+// difference: to send the request the system has to resolve the hardware address, which is looked
+// up afterwards.
 void ProbeAddress(Shell& shell, const Text& address);
 
 }  // namespace hostsweep

@@ -1,4 +1,4 @@
-// The application's own work: from the arguments to the last report line.
+// The application's work: from the arguments to the last report line.
 #include "app/app.h"
 #include "platform/console.h"
 #include "platform/shell.h"

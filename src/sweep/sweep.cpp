@@ -16,7 +16,7 @@ constexpr std::int64_t LastHost = 254;
 }  // namespace
 
 void SweepHosts(const SweepRange& range, Shell& shell) {
-  // A range so long that its end has wrapped around ends below its start: nothing to sweep there.
+  // A range whose end has wrapped around ends below its start: there is nothing to sweep.
   for (std::int64_t host = range.FirstHost; host < EndOf(range); ++host) {
     SweepHost(host, range, shell);
   }

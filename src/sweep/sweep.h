@@ -1,4 +1,4 @@
-// The sweep: one host number after the other, each probed, looked up and reported.
+// The sweep: host numbers in ascending order, each probed, looked up and reported.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@ namespace hostsweep {
 // Sweeps the host numbers of the range in ascending order.
 void SweepHosts(const SweepRange& range, Shell& shell);
 
-// Probes and looks up one address, prints its report line and waits 10 ms. Does nothing at all for
-// a host number above 254. An exception leaves the sweep where it is; what is printed stays.
+// Probes and looks up one address, prints its report line and waits 10 ms. Does nothing for a host
+// number above 254.
 void SweepHost(std::int64_t hostNumber, const SweepRange& range, Shell& shell);
 
 }  // namespace hostsweep

@@ -9,17 +9,17 @@
 namespace hostsweep {
 namespace {
 
-// Cut off toward zero. What does not fit, or is no number, gives the smallest integer.
+// Truncates toward zero. A value that does not fit, or is not a number, gives the smallest integer.
 std::int64_t ToInteger(double value) {
   constexpr double Limit = 9223372036854775808.0;  // 2 to the 63rd
-  if (!(value >= -Limit && value < Limit)) return std::numeric_limits<std::int64_t>::min();
-  return static_cast<std::int64_t>(value);
+  const bool fits = value >= -Limit && value < Limit;
+  return fits ? static_cast<std::int64_t>(value) : std::numeric_limits<std::int64_t>::min();
 }
 
-void SpendStartDelay(const Text& argument) {
-  constexpr double NoDelay = 20000.0;  // milliseconds
+void WaitStartDelay(const Text& argument) {
+  constexpr double DelayLimit = 20000.0;  // milliseconds; from here on there is no delay
   const double delay = Val(argument);
-  if (delay < NoDelay) App::Current().DoEvents(ToInteger(delay));
+  if (delay < DelayLimit) App::Current().DoEvents(ToInteger(delay));
 }
 
 }  // namespace
@@ -34,7 +34,7 @@ SweepRange ReadSweepRange(const std::vector<Text>& arguments) {
   SweepRange range;
   if (arguments.size() < 3) Quit(0);
   if (arguments.size() > 3) range.LiveNamesOnly = arguments[3] == "True";
-  if (arguments.size() > 4) SpendStartDelay(arguments[4]);
+  if (arguments.size() > 4) WaitStartDelay(arguments[4]);
 
   std::vector<Text> parts = Split(arguments[1], ".");
   if (parts.size() != 4) Quit(0);

@@ -1,4 +1,4 @@
-// The arguments of the program and the range of addresses that they name.
+// The arguments of the program, and the range of addresses that they describe.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +8,9 @@
 
 namespace hostsweep {
 
-// The addresses to sweep: `Prefix`, ".", and each host number from `FirstHost` on, `HostCount` of
-// them. `HostCount` is at least 1 and `EndOf` at most 256. Nothing else is certain: `FirstHost` may
-// be negative, and `Prefix` is whatever was typed.
+// The addresses to sweep: `Prefix`, ".", and a host number, of which there are `HostCount` from
+// `FirstHost` on. `HostCount` is at least 1 and `EndOf` at most 256. Nothing else is checked:
+// `FirstHost` can be negative, and `Prefix` is the text that the user typed.
 struct SweepRange {
   Text Prefix;
   std::int64_t FirstHost = 0;
@@ -18,13 +18,13 @@ struct SweepRange {
   bool LiveNamesOnly = false;  // report no name for an address without a hardware address
 };
 
-// The host number behind the last one: `FirstHost` + `HostCount` with 64-bit wrap-around.
+// One past the last host number: `FirstHost` + `HostCount` with 64-bit wrap-around.
 std::int64_t EndOf(const SweepRange& range);
 
 // Reads the arguments: the program's path, the first address, the number of addresses, optionally
-// "True" for `LiveNamesOnly`, optionally a start delay in milliseconds; any more are ignored.
-// Spends the delay if it is less than 20000, with `DoEvents`, before it looks at address and count.
-// Ends the program with exit code 0, by `Quit`, if the arguments name no range.
+// "True" for `LiveNamesOnly`, optionally a start delay in milliseconds; further ones are ignored. A
+// delay below 20000 is waited for, with `DoEvents`, before address and count are checked. Ends the
+// program by `Quit(0)` if the arguments are unusable.
 SweepRange ReadSweepRange(const std::vector<Text>& arguments);
 
 }  // namespace hostsweep

@@ -15,8 +15,9 @@
 namespace hostsweep {
 namespace {
 
-// Its exit status. The child holds one end of a pipe while it runs, so the other end tells when it
-// has ended. An interrupt from the terminal reaches it as well as this program.
+// Returns the exit status. The child holds one end of a pipe for as long as it runs, so the other
+// end becomes readable when it ends. It stays in this program's process group, so an interrupt from
+// the terminal reaches both.
 int RunForOneSecond(const std::vector<std::string>& command) {
   Pipe lifetime = OpenPipe();
   fcntl(lifetime.Writer.Number(), F_SETFD, 0);  // the child inherits it
