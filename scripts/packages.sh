@@ -17,7 +17,7 @@ if [ "$(uname)" = Darwin ]; then
 else
   to_build="c++=g++ cmake=cmake make=make"
   to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
-  to_test="/usr/include/gtest/gtest.h=libgtest-dev"
+  to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace"
   for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
   to_bench="hyperfine=hyperfine /usr/bin/time=time"
   to_cross="npm=npm llvm-objdump=llvm"

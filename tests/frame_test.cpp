@@ -1,6 +1,7 @@
 #include "app/frame.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <chrono>
 #include <functional>
@@ -10,6 +11,7 @@
 
 #include "app/app.h"
 #include "platform/console.h"
+#include "platform/process.h"
 
 namespace hostsweep {
 namespace {
@@ -17,15 +19,20 @@ namespace {
 // An application whose work and whose handler are the test's.
 class TestApp : public App {
  public:
-  std::int64_t Run(const std::vector<Text>& /*arguments*/) override { return Work(); }
+  std::int64_t Run(const std::vector<Text>& arguments) override { return Work(arguments); }
   bool UnhandledException(const RuntimeException& error) override {
     ++HandlerCalls;
     return Handler ? Handler() : App::UnhandledException(error);
   }
+  void Constructor() override {
+    ++ConstructorCalls;
+    EXPECT_EQ(MajorVersion, 0);  // the version data comes after it
+  }
 
-  std::function<std::int64_t()> Work;
+  std::function<std::int64_t(const std::vector<Text>&)> Work;
   std::function<bool()> Handler;
   int HandlerCalls = 0;
+  int ConstructorCalls = 0;
 };
 
 class Frame : public testing::Test {
@@ -34,23 +41,48 @@ class Frame : public testing::Test {
   TestApp app_;
 };
 
+TEST_F(Frame, RunIsCalledOnceInARegisteredApplicationWithItsVersionData) {
+  int calls = 0;
+  app_.Work = [&](const std::vector<Text>& arguments) {
+    EXPECT_EQ(&App::Current(), &app_);
+    EXPECT_EQ(app_.ConstructorCalls, 1);
+    EXPECT_EQ(arguments, std::vector<Text>({"path", "x"}));
+    return ++calls;
+  };
+  EXPECT_EQ(RunApplication(app_, {"path", "x"}), 1);
+  EXPECT_THROW(App::Current(), NilObjectException);
+  EXPECT_EQ(app_.ShortVersion.Bytes(), std::to_string(app_.MajorVersion) + "." +
+                                           std::to_string(app_.MinorVersion) + "." +
+                                           std::to_string(app_.BugVersion));
+  EXPECT_EQ(app_.MajorVersion, 4);
+  EXPECT_EQ(app_.StageCode, 3);
+}
+
+TEST_F(Frame, VersionDataIsStoredInItsOrder) {
+  app_._x_SetVersionData(1, 2, 3, 4, 5, "six", "seven", "eight");
+  const std::int64_t numbers[] = {app_.MajorVersion, app_.MinorVersion, app_.BugVersion,
+                                  app_.NonReleaseVersion, app_.StageCode};
+  for (std::int64_t i = 0; i < 5; ++i) EXPECT_EQ(numbers[i], i + 1);
+  EXPECT_EQ(app_.LongVersion + app_.ShortVersion + app_.PackageInfo, "sixseveneight");
+}
+
 TEST_F(Frame, NormalEndsNeverReachTheHandler) {
-  app_.Work = [] { return 7; };
+  app_.Work = [](const auto&) { return 7; };
   EXPECT_EQ(Call(), 7);
   bool isReleased = false;
-  app_.Work = [&]() -> std::int64_t {
+  app_.Work = [&](const auto&) -> std::int64_t {
     const std::shared_ptr<void> local(nullptr, [&](void*) { isReleased = true; });
     Quit(5);
   };
   EXPECT_EQ(Call(), 5);
   EXPECT_TRUE(isReleased);
-  app_.Work = []() -> std::int64_t { throw ThreadEndException(); };
+  app_.Work = [](const auto&) -> std::int64_t { throw ThreadEndException(); };
   EXPECT_EQ(Call(), 0);
   EXPECT_EQ(app_.HandlerCalls, 0);
 }
 
 TEST_F(Frame, TheHandlerDecides) {
-  app_.Work = []() -> std::int64_t { throw ShellNotAvailableException(); };
+  app_.Work = [](const auto&) -> std::int64_t { throw ShellNotAvailableException(); };
   EXPECT_EQ(Call(), 0);  // the application's own handler
   app_.Handler = [] { return true; };
   EXPECT_EQ(Call(), 0);
@@ -61,10 +93,11 @@ TEST_F(Frame, TheHandlerDecides) {
   app_.Handler = []() -> bool { throw ShellNotRunningException(); };
   EXPECT_THROW(Call(), ShellNotRunningException);
   EXPECT_EQ(app_.HandlerCalls, 5);
+  EXPECT_FALSE(app_.ConsoleApplication::UnhandledException(ShellNotRunningException()));
 }
 
 TEST_F(Frame, AnErrorOutsideTheFamilyPasses) {
-  app_.Work = []() -> std::int64_t { throw std::logic_error("none of ours"); };
+  app_.Work = [](const auto&) -> std::int64_t { throw std::logic_error("not one of ours"); };
   EXPECT_THROW(Call(), std::logic_error);
   EXPECT_EQ(app_.HandlerCalls, 0);
 }
@@ -76,10 +109,14 @@ TEST_F(Frame, DoEventsWaits) {
   EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(20));
 }
 
-TEST_F(Frame, TheApplicationIsTheRegisteredOne) {
-  EXPECT_THROW(App::Current(), NilObjectException);
-  const ApplicationRegistration registration(app_);
-  EXPECT_EQ(&App::Current(), &app_);
+TEST(Process, PreparationUnblocksAnInterrupt) {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGINT);
+  sigprocmask(SIG_BLOCK, &signals, nullptr);
+  PrepareProcess();
+  sigprocmask(SIG_BLOCK, nullptr, &signals);
+  EXPECT_EQ(sigismember(&signals, SIGINT), 0);
 }
 
 }  // namespace

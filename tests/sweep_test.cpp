@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/app.h"
+#include "platform/console.h"
 #include "platform/text_operations.h"
 #include "sweep/host_record.h"
 #include "sweep/sweep_range.h"
@@ -17,19 +18,16 @@
 namespace hostsweep {
 namespace {
 
-// An application that notes its waits instead of waiting.
+// An application that prints its waits instead of waiting.
 class PromptApp : public App {
  public:
-  void DoEvents(std::int64_t milliseconds) override {
-    Waits.append(" ").append(std::to_string(milliseconds));
-  }
-  std::string Waits;
+  void DoEvents(std::int64_t milliseconds) override { Print("waits " + Str(milliseconds)); }
 
  private:
   ApplicationRegistration registration_{*this};
 };
 
-// A shell that notes its commands and answers from a list.
+// A shell that records its commands and answers from a list.
 class ScriptedShell : public Shell {
  public:
   void Execute(const Text& command) override {
@@ -42,7 +40,9 @@ class ScriptedShell : public Shell {
   std::string Commands;
 };
 
+// The lines and waits of a sweep, in their order.
 std::string LinesOf(const SweepRange& range, Shell& shell) {
+  PromptApp app;
   testing::internal::CaptureStdout();
   try {
     SweepHosts(range, shell);
@@ -52,23 +52,28 @@ std::string LinesOf(const SweepRange& range, Shell& shell) {
   return testing::internal::GetCapturedStdout();
 }
 
-// What the arguments come to: prefix, first host and count, "live" if only live names are wanted,
-// or "quit"; then the waits.
+// The wait, if any; then prefix, first host, count, and "live" if only live names are wanted, or
+// "quit" and the exit code.
 std::string Read(const std::vector<Text>& arguments) {
   PromptApp app;
+  testing::internal::CaptureStdout();
+  std::string result;
   try {
     const SweepRange range = ReadSweepRange(arguments);
-    return range.Prefix.Bytes() + " " + std::to_string(range.FirstHost) + " " +
-           std::to_string(range.HostCount) + (range.LiveNamesOnly ? " live" : "") + app.Waits;
+    result = range.Prefix.Bytes() + " " + std::to_string(range.FirstHost) + " " +
+             std::to_string(range.HostCount) + (range.LiveNamesOnly ? " live" : "");
   } catch (const EndException& end) {
-    return "quit " + std::to_string(end.ExitCode()) + app.Waits;
+    result = "quit " + std::to_string(end.ExitCode());
   }
+  return testing::internal::GetCapturedStdout() + result;
 }
 
 TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
   const std::pair<std::vector<Text>, const char*> rows[] = {
       {{}, "quit 0"},
+      {{"10.0.0.5"}, "quit 0"},
       {{"10.0.0.5.", "5"}, "quit 0"},
+      {{"10.0.0.5", "0"}, "quit 0"},
       {{"10.0.0.250", "6"}, "10.0.0 250 6"},
       {{"10.0.0.250", "7"}, "quit 0"},
       {{"10.0.0.5", "9223372036854775808"}, "quit 0"},
@@ -79,10 +84,10 @@ TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
       {{"10.0.0.9223372036854774784", "1024"}, "10.0.0 9223372036854774784 1024"},
       {{"10.0.0.5", "1", "tRUE"}, "10.0.0 5 1 live"},
       {{"10.0.0.5", "1", "True "}, "10.0.0 5 1"},
-      {{"10.0.0.5", "1", "x", "19999.9", "7"}, "10.0.0 5 1 19999"},
+      {{"10.0.0.5", "1", "x", "19999.9", "7"}, "waits 19999\n10.0.0 5 1"},
       {{"10.0.0.5", "1", "x", "20000"}, "10.0.0 5 1"},
-      {{"10.0.0.5", "1", "x", "-7.5"}, "10.0.0 5 1 -7"},
-      {{"10.0.0", "5", "x", "1000"}, "quit 0 1000"}};
+      {{"10.0.0.5", "1", "x", "-7.5"}, "waits -7\n10.0.0 5 1"},
+      {{"10.0.0", "5", "x", "1000"}, "waits 1000\nquit 0"}};
   for (const auto& [userArguments, result] : rows) {
     std::vector<Text> arguments = userArguments;
     arguments.insert(arguments.begin(), "hostsweep");
@@ -104,36 +109,32 @@ TEST(DecideName, TellsWhatIsKnown) {
 }
 
 TEST(Sweep, ProbesLooksUpPrintsAndWaitsHostByHost) {
-  PromptApp app;
   ScriptedShell shell;
   shell.Answers = {{"ping -c 1 -t 1 010.0.0.253", "x at 1:2:3:4:5:6 domain name pointer probe."},
                    {"/usr/bin/host 010.0.0.253", "x domain name pointer Gw\xFF.\n"},
                    {"Arp 010.0.0.253", "x at 0:1a:2b:3c:4d:5e on en0\n"}};
   EXPECT_EQ(LinesOf({"010.0.0", 253, 3, false}, shell),
-            "010.0.0.253=Gw\xFF=00-1A-2B-3C-4D-5E\n010.0.0.254==\n");
+            "010.0.0.253=Gw\xFF=00-1A-2B-3C-4D-5E\nwaits 10\n010.0.0.254==\nwaits 10\n");
   EXPECT_EQ(shell.Commands,
             "ping -c 1 -t 1 010.0.0.253\n/usr/bin/host 010.0.0.253\nArp 010.0.0.253\n"
             "ping -c 1 -t 1 010.0.0.254\n/usr/bin/host 010.0.0.254\nArp 010.0.0.254\n");
-  EXPECT_EQ(app.Waits, " 10 10");
 }
 
 TEST(Sweep, SweepsNegativeHostNumbersAndEndsAtTheLast) {
   const std::pair<SweepRange, const char*> rows[] = {
-      {{"x", -1, 2, false}, "x.-1==\nx.0==\n"},
-      {{"x", INT64_MIN, 1, false}, "x.-9223372036854775808==\n"},
+      {{"x", -1, 2, false}, "x.-1==\nwaits 10\nx.0==\nwaits 10\n"},
+      {{"x", INT64_MIN, 1, false}, "x.-9223372036854775808==\nwaits 10\n"},
       {{"x", 255, 1, false}, ""},
       {{"x", 4611686018427387904, 4611686018427387904, false}, ""},
       {{"x", INT64_MAX, 1024, false}, ""}};
-  PromptApp app;
   ScriptedShell shell;
   for (const auto& [range, lines] : rows) EXPECT_EQ(LinesOf(range, shell), lines);
 }
 
 TEST(Sweep, AnExceptionLeavesItWhereItIs) {
-  PromptApp app;
   ScriptedShell shell;
   shell.FailsAt = "Arp x.2";
-  EXPECT_EQ(LinesOf({"x", 1, 9, false}, shell), "x.1==\nfailed");
+  EXPECT_EQ(LinesOf({"x", 1, 9, false}, shell), "x.1==\nwaits 10\nfailed");
 }
 
 }  // namespace

@@ -25,6 +25,10 @@ std::int64_t RunWithHandler(ConsoleApplication& application, const std::vector<T
 std::int64_t RunProgram(const std::vector<Text>& arguments) {
   PrepareProcess();
   App application;
+  return RunApplication(application, arguments);
+}
+
+std::int64_t RunApplication(ConsoleApplication& application, const std::vector<Text>& arguments) {
   application.Constructor();
   constexpr std::int64_t FinalRelease = 3;
   application._x_SetVersionData(MajorVersion, MinorVersion, BugVersion, 0, FinalRelease, "",

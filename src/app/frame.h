@@ -13,6 +13,10 @@ namespace hostsweep {
 // Lets exceptions from before `Run` pass, and those that `_CallFunctionWithExceptionHandling` does.
 std::int64_t RunProgram(const std::vector<Text>& arguments);
 
+// Takes a new application through its life: `Constructor`, the version data, its registration, and
+// `Run`, called by `_CallFunctionWithExceptionHandling`. Returns the exit status.
+std::int64_t RunApplication(ConsoleApplication& application, const std::vector<Text>& arguments);
+
 // Calls the application's `Run`. Returns the exit status: the result of `Run`, or the code given to
 // `Quit` in `Run` or in the handler, or 0 if a `RuntimeException` escapes `Run` and
 // `UnhandledException` returns true for it. Lets a `RuntimeException` for which it returns false,

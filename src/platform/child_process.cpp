@@ -94,12 +94,15 @@ ChildProcess::~ChildProcess() {
 }
 
 bool ChildProcess::HasEnded() {
-  Reap(WNOHANG);
+  if (!ended_) Reap(WNOHANG);
   return ended_;
 }
 
 int ChildProcess::Wait() {
-  while (!ended_) Reap(0);
+  while (!ended_) {
+    // A child that cannot be waited for is no longer there.
+    if (Reap(0) == -1 && errno != EINTR) ended_ = true;
+  }
   return status_;
 }
 
@@ -107,14 +110,14 @@ void ChildProcess::Kill() const {
   if (!ended_) kill(pid_, SIGKILL);
 }
 
-void ChildProcess::Reap(int options) {
-  if (ended_) return;
+pid_t ChildProcess::Reap(int options) {
   int status = 0;
   const pid_t reaped = waitpid(pid_, &status, options);
-  if (reaped == 0) return;
-  if (reaped == -1 && errno == EINTR) return;
-  ended_ = true;
-  status_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  if (reaped > 0) {
+    ended_ = true;
+    status_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  }
+  return reaped;
 }
 
 }  // namespace hostsweep

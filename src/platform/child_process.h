@@ -29,7 +29,7 @@ class ChildProcess {
   ChildProcess& operator=(const ChildProcess&) = delete;
   ~ChildProcess();
 
-  // True once the child has ended; does not wait.
+  // True once the child is known to have ended; does not wait.
   bool HasEnded();
 
   // Returns when the child has ended. Gives its exit status as sh(1) reports it: 128 and the
@@ -41,7 +41,7 @@ class ChildProcess {
 
  private:
   explicit ChildProcess(pid_t pid) : pid_(pid) {}
-  void Reap(int options);
+  pid_t Reap(int options);
 
   pid_t pid_;
   bool ended_ = false;

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <memory>
 
 #include "platform/exceptions.h"
 
@@ -43,10 +42,10 @@ bool BecomesReadable(const Descriptor& reader, std::chrono::milliseconds time) {
 bool ReadOnce(const Descriptor& reader, std::string& output) {
   // Linux gives a pipe 16 pages, which are 64 KiB at most; other systems give it less.
   constexpr std::size_t PipeCapacity = 1U << 20U;
-  const std::unique_ptr<char[]> buffer(new char[PipeCapacity]);
+  static std::array<char, PipeCapacity> buffer;  // too large for the stack
   const ssize_t size =
-      RetryInterrupted([&] { return read(reader.Number(), buffer.get(), PipeCapacity); });
-  output.append(buffer.get(), static_cast<std::size_t>(size));
+      RetryInterrupted([&] { return read(reader.Number(), buffer.data(), buffer.size()); });
+  output.append(buffer.data(), static_cast<std::size_t>(size));
   return size > 0;
 }
 

@@ -21,8 +21,8 @@ Pipe OpenPipe();
 // counts as 0. Raises `ShellNotRunningException` if waiting fails.
 bool BecomesReadable(const Descriptor& reader, std::chrono::milliseconds time);
 
-// Reads once, as much as a pipe holds at most, and appends it to `output`. False at the end. Raises
-// `ShellNotRunningException` if reading fails.
+// Waits until the descriptor can be read, and appends all that a pipe holds then to `output`. False
+// at its end. Raises `ShellNotRunningException` if reading fails.
 bool ReadOnce(const Descriptor& reader, std::string& output);
 
 }  // namespace hostsweep

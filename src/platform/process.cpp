@@ -30,6 +30,7 @@ void KeepOtherDescriptorsFromChildren() {
 void PrepareSignals() {
   signal(SIGPIPE, SIG_IGN);
   signal(SIGXFSZ, SIG_IGN);
+  signal(SIGCHLD, SIG_DFL);
   sigset_t none;
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);

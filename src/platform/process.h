@@ -9,7 +9,7 @@ namespace hostsweep {
 // - Child processes do not inherit any other descriptor.
 // - Writing to a pipe without a reader, or beyond the file size limit, returns an error instead of
 //   raising a signal.
-// - No signal is blocked.
+// - No signal is blocked, and the ends of child processes are not ignored.
 void PrepareProcess();
 
 }  // namespace hostsweep

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace hostsweep {
@@ -12,17 +15,18 @@ namespace {
 
 constexpr std::array<const char*, 4> SystemFolders = {"/usr/bin", "/bin", "/usr/sbin", "/sbin"};
 
-// Links are followed; false if one of the paths leads nowhere.
-bool AreSame(const std::string& left, const std::string& right) {
-  struct stat first = {};
-  struct stat second = {};
-  return stat(left.c_str(), &first) == 0 && stat(right.c_str(), &second) == 0 &&
-         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+// What a path leads to, whatever its spelling and the links on the way; nothing if it does not
+// exist.
+using File = std::optional<std::pair<dev_t, ino_t>>;
+
+File FileAt(const std::string& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) return {};
+  return std::pair(status.st_dev, status.st_ino);
 }
 
-bool IsSystemFolder(const std::string& folder) {
-  return std::any_of(SystemFolders.begin(), SystemFolders.end(),
-                     [&](const char* systemFolder) { return AreSame(folder, systemFolder); });
+bool Contains(const std::vector<File>& files, const File& file) {
+  return file && std::find(files.begin(), files.end(), file) != files.end();
 }
 
 bool IsProgram(const std::string& path) {
@@ -47,7 +51,7 @@ std::string Joined(const std::vector<std::string>& folders) {
   return path;
 }
 
-std::string FileIn(const std::string& folder, const std::string& name) {
+std::string PathIn(const std::string& folder, const std::string& name) {
   return folder.empty() ? "./" + name : folder + '/' + name;
 }
 
@@ -56,24 +60,32 @@ std::string FileIn(const std::string& folder, const std::string& name) {
 std::string SearchPath(std::string_view callersPath, std::string_view toolsFolder) {
   std::vector<std::string> folders;
   if (!callersPath.empty()) folders = Folders(callersPath);
-  for (const std::string systemFolder : SystemFolders) {
-    const auto isIt = [&](const std::string& folder) { return AreSame(folder, systemFolder); };
-    if (std::none_of(folders.begin(), folders.end(), isIt)) folders.push_back(systemFolder);
+  std::vector<File> files;
+  std::transform(folders.begin(), folders.end(), std::back_inserter(files), FileAt);
+  std::vector<File> systemFiles;
+  for (const char* const folder : SystemFolders) {
+    systemFiles.push_back(FileAt(folder));
+    if (Contains(files, systemFiles.back())) continue;
+    folders.emplace_back(folder);
+    files.push_back(systemFiles.back());
   }
-  const auto first = std::find_if(folders.begin(), folders.end(), IsSystemFolder);
-  if (!toolsFolder.empty()) folders.emplace(first, toolsFolder);
+  if (toolsFolder.empty()) return Joined(folders);
+  const auto first = std::find_if(files.begin(), files.end(),
+                                  [&](const File& file) { return Contains(systemFiles, file); });
+  folders.emplace(folders.begin() + (first - files.begin()), toolsFolder);
   return Joined(folders);
 }
 
 std::string NextProgram(std::string_view searchPath, const std::string& name,
                         const std::string& self) {
+  const File running = FileAt(self);
   std::string next;
   for (const std::string& folder : Folders(searchPath)) {
-    const std::string file = FileIn(folder, name);
-    if (AreSame(file, self)) {
+    const std::string path = PathIn(folder, name);
+    if (running && FileAt(path) == running) {
       next.clear();
-    } else if (next.empty() && IsProgram(file)) {
-      next = file;
+    } else if (next.empty() && IsProgram(path)) {
+      next = path;
     }
   }
   return next;
