@@ -13,7 +13,7 @@ TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
       {"7.0.0.10.in-addr.arpa Domain Name POINTER Nas.lan.\r\n", "Nas.lan"},
       {"domain name pointer a.\nx domain name pointer b.\n",
        "a.\nx domain name pointer b"},                 // several records: all of them
-      {"domain name pointer", ""},                     // nothing behind the marker
+      {"domain name pointer", ""},                     // nothing after the marker
       {"domain name pointer \t\n", ""},                // only white space
       {"domain name pointerX.nas.\n", ".nas"},         // whatever separates is skipped
       {"domain name pointer\u20ACnas.\n", "nas"},      // one character, not one byte
@@ -40,7 +40,7 @@ TEST(ParseHardwareAddress, NormalisesSixGroups) {
       {"x at 1:2:3:4:5:6\n", ""},        // and at nothing else
       {"x at 1:2:3:4:5:6 on en0\n10.0.0.8 -- NO ENTRY", ""},
       {"? (10.0.0.7) at (Incomplete) on en0\n", ""},
-      {"\u20AC\u20AC\u20ACtoken end", "token"},  // no " at ": behind three characters
+      {"\u20AC\u20AC\u20ACtoken end", "token"},  // no " at ": from the fourth character
       {"abc ", ""},
       {"ab", ""}};
   for (const auto& [output, address] : rows) {

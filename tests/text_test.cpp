@@ -31,9 +31,9 @@ TEST(Text, CountsCharactersWhateverTheBytes) {
       {"\xC0\x80", 2},                  // overlong
       {"\xE0\x9F\xBF", 3},              // overlong
       {"\xED\xA0\x80", 3},              // the first surrogate
-      {"\xED\x9F\xBF", 1},              // and what stands before it
+      {"\xED\x9F\xBF", 1},              // and the character before it
       {"\xF4\x8F\xBF\xBF", 1},          // the last of all
-      {"\xF4\x90\x80\x80", 4},          // and what stands behind it
+      {"\xF4\x90\x80\x80", 4},          // and what would follow it
       {"\x80\xFF", 2}};                 // begin nothing
   for (const auto& [bytes, length] : rows) EXPECT_EQ(Len(bytes), length) << bytes;
 }
