@@ -1,82 +1,68 @@
 #include "platform/search_path.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
 #include <string>
 #include <utility>
 
 namespace hostsweep {
 namespace {
 
-namespace fs = std::filesystem;
-
-// Folders of the test's own, "@" in its search paths.
+// A working directory with two programs called Arp, in own and other; what is called Arp in data
+// and in folder is no program.
 class SearchPaths : public testing::Test {
  protected:
-  SearchPaths() : root_(fs::path(testing::TempDir()) / "hostsweep_search_path") {
-    fs::remove_all(root_);
-    for (const char* folder : {"own", "other", "data", "folder/Arp"}) {
-      fs::create_directories(root_ / folder);
-    }
-    fs::create_directory_symlink("/usr/bin", root_ / "system");
-    fs::create_directory_symlink("own", root_ / "linked");
-    for (const char* file : {"own/Arp", "other/Arp", "data/Arp"})
-      std::ofstream(root_ / file) << '\n';
-    for (const char* file : {"own/Arp", "other/Arp"}) {
-      fs::permissions(root_ / file, fs::perms::owner_all);
-    }
+  void SetUp() override {
+    ASSERT_NE(mkdtemp(folder_.data()), nullptr);
+    ASSERT_EQ(chdir(folder_.c_str()), 0);
+    ASSERT_EQ(std::system("mkdir -p own other data folder/Arp && ln -s own linked &&"
+                          "ln -s /usr/bin system && touch own/Arp other/Arp data/Arp &&"
+                          "chmod +x own/Arp other/Arp"),
+              0);
   }
-  ~SearchPaths() override { fs::remove_all(root_); }
-
-  std::string At(std::string text) const {
-    for (std::size_t at = text.find('@'); at != std::string::npos; at = text.find('@')) {
-      text.replace(at, 1, root_.string());
-    }
-    return text;
-  }
+  void TearDown() override { EXPECT_EQ(std::system(("cd / && rm -r " + folder_).c_str()), 0); }
 
  private:
-  fs::path root_;
+  std::string folder_ = testing::TempDir() + "hostsweep_XXXXXX";
 };
 
-// The folders without those of /bin, /usr/sbin and /sbin that are others by another name here.
+// The path without those of /bin and /sbin that are links to another of its folders on this system.
 std::string Distinct(std::string path) {
-  for (const auto& [link, folder] : {std::pair("/bin", "/usr/bin"), {"/sbin", "/usr/sbin"}}) {
-    const std::size_t at = path.rfind(std::string(":") + link);
-    if (fs::equivalent(link, folder)) path.erase(at, std::string(link).size() + 1);
+  for (const std::string link : {":/bin", ":/sbin"}) {
+    struct stat status = {};
+    lstat(link.c_str() + 1, &status);
+    if (S_ISLNK(status.st_mode)) path.erase(path.rfind(link), link.size());
   }
   return path;
 }
 
 TEST_F(SearchPaths, ToolsComeBeforeTheSystemsFoldersAndMissingOnesLast) {
-  const std::pair<const char*, std::string> rows[] = {
-      {"", Distinct("/t:/usr/bin:/bin:/usr/sbin:/sbin")},
-      {"/opt/usr/bin:/usr/bin2",
-       Distinct("/opt/usr/bin:/usr/bin2:/t:/usr/bin:/bin:/usr/sbin:/sbin")},
-      {"/a:/usr/sbin//:/b:/usr/bin", Distinct("/a:/t:/usr/sbin//:/b:/usr/bin:/bin:/sbin")},
-      {":@/system::@/system", Distinct(":/t:@/system::@/system:/bin:/usr/sbin:/sbin")}};
-  for (const auto& [callers, path] : rows) EXPECT_EQ(SearchPath(At(callers), "/t"), At(path));
+  const std::pair<const char*, const char*> rows[] = {
+      {"", "/t:/usr/bin:/bin:/usr/sbin:/sbin"},
+      {"/opt/usr/bin:/usr/bin2", "/opt/usr/bin:/usr/bin2:/t:/usr/bin:/bin:/usr/sbin:/sbin"},
+      {"/a:/usr/sbin//:/b:/usr/bin", "/a:/t:/usr/sbin//:/b:/usr/bin:/bin:/sbin"},
+      {":system::system", ":/t:system::system:/bin:/usr/sbin:/sbin"}};
+  for (const auto& [callers, path] : rows) EXPECT_EQ(SearchPath(callers, "/t"), Distinct(path));
   EXPECT_EQ(SearchPath("/usr/bin", ""), Distinct("/usr/bin:/bin:/usr/sbin:/sbin"));
 }
 
-TEST_F(SearchPaths, TheNextProgramIsTheFirstOtherOneAfterTheLastOfOwnName) {
+TEST_F(SearchPaths, TheNextProgramIsTheFirstOtherOneAfterTheLastNameOfItsOwn) {
   const std::pair<const char*, const char*> rows[] = {
-      {"@/own:@/other", "@/other/Arp"},
-      {"@/other:@/own", ""},
-      {"@/own:@/other:@/own", ""},
-      {"@/own:@/other:@/linked//", ""},
-      {"@/own/:@/none:@/data:@/folder:@/other/:@/other", "@/other//Arp"},
-      {"@/none:@/other", "@/other/Arp"}};  // called by its path
-  for (const auto& [path, next] : rows) {
-    EXPECT_EQ(NextProgram(At(path), "Arp", At("@/own/Arp")), At(next)) << path;
-  }
-  const fs::path before = fs::current_path();
-  fs::current_path(At("@/other"));
-  EXPECT_EQ(NextProgram(At("@/own"), "Arp", At("@/own/Arp")), "");
-  EXPECT_EQ(NextProgram(At("@/own:"), "Arp", At("@/own/Arp")), "./Arp");
-  fs::current_path(before);
+      {"own:other", "other/Arp"},
+      {"other:own", ""},
+      {"own:other:own", ""},
+      {"own:other:linked//", ""},
+      {"own/:none:data:folder:other/:/", "other//Arp"},
+      {"none:other", "other/Arp"}};  // run by its path
+  for (const auto& [path, next] : rows)
+    EXPECT_EQ(NextProgram(path, "Arp", "own/Arp"), next) << path;
+  ASSERT_EQ(chdir("other"), 0);
+  EXPECT_EQ(NextProgram("../own", "Arp", "../own/Arp"), "");        // not the working directory's,
+  EXPECT_EQ(NextProgram("../own:", "Arp", "../own/Arp"), "./Arp");  // unless the path names it
+  ASSERT_EQ(chdir(".."), 0);
 }
 
 }  // namespace
