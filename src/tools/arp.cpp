@@ -3,6 +3,7 @@
 // is run in its place.
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <optional>
@@ -11,25 +12,16 @@
 
 #include "platform/pointers.h"
 #include "tools/arp_cache.h"
-#include "tools/next_program.h"
+#include "tools/tool.h"
 
 namespace hostsweep {
 namespace {
 
-// As sh(1) reports them.
-constexpr int CannotRun = 126;
-constexpr int NotFound = 127;
-
-int Fail(const std::string& message, int status) {
-  std::fprintf(stderr, "Arp: %s\n", message.c_str());
-  return status;
-}
-
 // Runs the program in place of this one. Returns only if that fails.
-int Become(const std::string& program, std::vector<std::string> command) {
-  command.front() = program;
-  execv(program.c_str(), Pointers(command).data());
-  return Fail(program + ": " + std::strerror(errno), CannotRun);
+int Become(const std::string& program, std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), program);
+  execv(program.c_str(), Pointers(arguments).data());
+  return Fail("Arp", program + ": " + std::strerror(errno), CannotRun);
 }
 
 // The three forms of arp(8)'s answer.
@@ -40,17 +32,17 @@ std::string Describe(const std::string& address, const std::optional<ArpEntry>& 
          " on " + entry->Device + (entry->IsPermanent ? " permanent" : "");
 }
 
-int Run(const std::vector<std::string>& command) {
+int Run(const std::vector<std::string>& arguments) {
   const std::string other = NextProgram("Arp");
-  if (!other.empty()) return Become(other, command);
+  if (!other.empty()) return Become(other, arguments);
   if (!CanReadArpCache()) {
     const std::string arp = NextProgram("arp");
-    return arp.empty() ? Fail("arp: not found", NotFound) : Become(arp, command);
+    return arp.empty() ? Fail("Arp", "arp: not found", NotFound) : Become(arp, arguments);
   }
-  if (command.size() != 2) return Fail("usage: Arp ADDRESS", 2);
-  const std::optional<ArpEntry> entry = FindArpEntry(command[1]);
-  if (std::puts(Describe(command[1], entry).c_str()) < 0 || std::fflush(stdout) != 0) {
-    return Fail(std::string("standard output: ") + std::strerror(errno), 1);
+  if (arguments.size() != 1) return Fail("usage", "Arp ADDRESS", 2);
+  const std::optional<ArpEntry> entry = FindArpEntry(arguments[0]);
+  if (std::puts(Describe(arguments[0], entry).c_str()) < 0 || std::fflush(stdout) != 0) {
+    return Fail("Arp", std::string("standard output: ") + std::strerror(errno), 1);
   }
   return entry ? 0 : 1;
 }
@@ -59,5 +51,5 @@ int Run(const std::vector<std::string>& command) {
 }  // namespace hostsweep
 
 int main(int argumentCount, char** arguments) {
-  return hostsweep::Run({arguments, arguments + argumentCount});
+  return hostsweep::Run(hostsweep::Arguments(argumentCount, arguments));
 }

@@ -3,14 +3,13 @@
 #include <fcntl.h>
 
 #include <chrono>
-#include <cstdio>
 #include <string>
 #include <vector>
 
 #include "platform/child_process.h"
 #include "platform/exceptions.h"
 #include "platform/pipe.h"
-#include "tools/next_program.h"
+#include "tools/tool.h"
 
 namespace hostsweep {
 namespace {
@@ -27,18 +26,14 @@ int RunForOneSecond(const std::vector<std::string>& command) {
   return child.Wait();
 }
 
-int Run(std::vector<std::string> command) {
+int Run(std::vector<std::string> arguments) {
   const std::string ping = NextProgram("ping");
-  if (ping.empty()) {
-    std::fputs("ping: not found\n", stderr);
-    return 127;
-  }
-  command.front() = ping;
+  if (ping.empty()) return Fail("ping", "not found", NotFound);
+  arguments.insert(arguments.begin(), ping);
   try {
-    return RunForOneSecond(command);
+    return RunForOneSecond(arguments);
   } catch (const RuntimeException&) {
-    std::fprintf(stderr, "ping: cannot run %s\n", ping.c_str());
-    return 126;
+    return Fail("ping", ping + " cannot be run", CannotRun);
   }
 }
 
@@ -46,5 +41,5 @@ int Run(std::vector<std::string> command) {
 }  // namespace hostsweep
 
 int main(int argumentCount, char** arguments) {
-  return hostsweep::Run({arguments, arguments + argumentCount});
+  return hostsweep::Run(hostsweep::Arguments(argumentCount, arguments));
 }

@@ -1,0 +1,37 @@
+// What the tools have in common: finding the program that they stand in for, and failing as the
+// shell does.
+#pragma once
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "platform/program_path.h"
+#include "platform/search_path.h"
+
+namespace hostsweep {
+
+// Exit statuses of sh(1) for a program that cannot be run, and for one that is not found.
+constexpr int CannotRun = 126;
+constexpr int NotFound = 127;
+
+// The arguments of `main` without the tool's own name.
+inline std::vector<std::string> Arguments(int argumentCount, char** arguments) {
+  return {arguments + std::min(argumentCount, 1), arguments + argumentCount};
+}
+
+// The next program of this name after the running tool on its search path; empty if there is none.
+inline std::string NextProgram(const std::string& name) {
+  const char* const path = std::getenv("PATH");
+  return NextProgram(SearchPath(path == nullptr ? "" : path, ""), name, ProgramPath());
+}
+
+// Says on standard error why the tool fails. Returns the status.
+inline int Fail(const std::string& tool, const std::string& reason, int status) {
+  std::fprintf(stderr, "%s: %s\n", tool.c_str(), reason.c_str());
+  return status;
+}
+
+}  // namespace hostsweep
