@@ -57,9 +57,8 @@ Text Left(const Text& text, std::int64_t count) {
 }
 
 Text Right(const Text& text, std::int64_t count) {
-  if (count <= 0) return {};
   const std::int64_t length = Len(text);
-  return count >= length ? text : Mid(text, length - count + 1);
+  return Mid(text, length - std::clamp<std::int64_t>(count, 0, length) + 1);
 }
 
 Text Mid(const Text& text, std::int64_t start) {
