@@ -39,6 +39,7 @@ TEST(ParseHardwareAddress, NormalisesSixGroups) {
       {"x at  1:2:3:4:5:6 on en0", ""},  // the token ends at its first blank
       {"x at 1:2:3:4:5:6\n", ""},        // and at nothing else
       {"x at 1:2:3:4:5:6 on en0\n10.0.0.8 -- NO ENTRY", ""},
+      {"no entry at 1:2:3:4:5:6 on en0", ""},
       {"? (10.0.0.7) at (Incomplete) on en0\n", ""},
       {"\u20AC\u20AC\u20ACtoken end", "token"},  // no " at ": from the fourth character
       {"abc ", ""},

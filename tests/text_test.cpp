@@ -26,6 +26,7 @@ TEST(Text, EqualityIgnoresLetterCaseInAsciiOnly) {
 TEST(Text, CountsCharactersWhateverTheBytes) {
   const std::pair<const char*, std::int64_t> rows[] = {
       {"a\u00E9\u20AC\U0001F600z", 5},  // 1 to 4 bytes each
+      {"\u0080\u0800\U00010000", 3},    // the first of each size
       {"\xE2\x82z", 3},                 // cut off by a letter
       {"\xE2\x82", 2},                  // cut off by the end
       {"\xC0\x80", 2},                  // overlong
