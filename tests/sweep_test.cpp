@@ -1,3 +1,5 @@
+// src/sweep/: the arguments, the parsers, the report line, and the sweep with a shell of the
+// test's.
 #include "sweep/sweep.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +14,8 @@
 #include "app/app.h"
 #include "platform/console.h"
 #include "platform/text_operations.h"
+#include "sweep/hardware_address.h"
+#include "sweep/host_name.h"
 #include "sweep/host_record.h"
 #include "sweep/sweep_range.h"
 
@@ -22,50 +26,34 @@ namespace {
 class PromptApp : public App {
  public:
   void DoEvents(std::int64_t milliseconds) override { Print("waits " + Str(milliseconds)); }
-
- private:
-  ApplicationRegistration registration_{*this};
 };
 
-// A shell that records its commands and answers from a list.
+// A shell that prints its commands and answers from a list; one command fails.
 class ScriptedShell : public Shell {
  public:
   void Execute(const Text& command) override {
-    Commands += command.Bytes() + "\n";
-    if (command == FailsAt) throw ShellNotRunningException();
+    if (PrintsCommands) Print(command);
+    if (command == "Arp x.2") throw ShellNotRunningException();
     SetResult(Answers[command.Bytes()]);
   }
   std::map<std::string, std::string> Answers;
-  Text FailsAt = "nowhere";
-  std::string Commands;
+  bool PrintsCommands = true;
 };
 
-// The lines and waits of a sweep, in their order.
-std::string LinesOf(const SweepRange& range, Shell& shell) {
+// What the work prints and how it ends, in order.
+template <typename Work>
+std::string Transcript(Work work) {
   PromptApp app;
+  const ApplicationRegistration registration(app);
   testing::internal::CaptureStdout();
   try {
-    SweepHosts(range, shell);
+    work();
+  } catch (const EndException& end) {
+    Print("quit " + Str(end.ExitCode()));
   } catch (const ShellNotRunningException&) {
-    return testing::internal::GetCapturedStdout() + "failed";
+    Print("failed");
   }
   return testing::internal::GetCapturedStdout();
-}
-
-// The wait, if any; then prefix, first host, count, and "live" if only live names are wanted, or
-// "quit" and the exit code.
-std::string Read(const std::vector<Text>& arguments) {
-  PromptApp app;
-  testing::internal::CaptureStdout();
-  std::string result;
-  try {
-    const SweepRange range = ReadSweepRange(arguments);
-    result = range.Prefix.Bytes() + " " + std::to_string(range.FirstHost) + " " +
-             std::to_string(range.HostCount) + (range.LiveNamesOnly ? " live" : "");
-  } catch (const EndException& end) {
-    result = "quit " + std::to_string(end.ExitCode());
-  }
-  return testing::internal::GetCapturedStdout() + result;
 }
 
 TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
@@ -91,7 +79,53 @@ TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
   for (const auto& [userArguments, result] : rows) {
     std::vector<Text> arguments = userArguments;
     arguments.insert(arguments.begin(), "hostsweep");
-    EXPECT_EQ(Read(arguments), result) << Join(arguments, " ").Bytes();
+    const std::string transcript = Transcript([&] {
+      const SweepRange range = ReadSweepRange(arguments);
+      Print(range.Prefix + " " + Str(range.FirstHost) + " " + Str(range.HostCount) +
+            (range.LiveNamesOnly ? " live" : ""));
+    });
+    EXPECT_EQ(transcript, result + std::string("\n")) << Join(arguments, " ").Bytes();
+  }
+}
+
+TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"7.0.0.10.in-addr.arpa Domain Name POINTER Nas.lan.\r\n", "Nas.lan"},
+      {"domain name pointer a.\nx domain name pointer b.\n",
+       "a.\nx domain name pointer b"},                 // several records: all of them
+      {"domain name pointer", ""},                     // nothing after the marker
+      {"domain name pointer \t\n", ""},                // only white space
+      {"domain name pointerX.nas.\n", ".nas"},         // whatever separates is skipped
+      {"domain name pointer\u20ACnas.\n", "nas"},      // one character, not one byte
+      {"domain name pointer\xE2\x82nas.", "\x82nas"},  // a byte that is no text is one
+      {"domain name pointer nas..\n", "nas."},         // one dot, not two
+      {"domain name pointer nas .\n", "nas "},         // no trimming after the dot
+      {"Host 7.0.0.10.in-addr.arpa. not found: 3(NXDOMAIN)\n", "10.0.0.7"},
+      {"", "10.0.0.7"}};
+  for (const auto& [output, name] : rows) {
+    EXPECT_EQ(ParseHostName(output, "10.0.0.7").Bytes(), name) << output;
+  }
+}
+
+TEST(ParseHardwareAddress, NormalisesSixGroups) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"? (10.0.0.7) at 0:1f:a:bc:D:e on en0 ifscope [ethernet]\n", "00-1F-0A-BC-0D-0E"},
+      {"x AT 1:2:3:4:5:6 on en0\nx at 7:8:9:a:b:c on en1\n", "01-02-03-04-05-06"},
+      {"x at 1::3:4:5:6 ", "01--03-04-05-06"},                  // an empty group stays
+      {"x at 1:abc:3:4:5:\u00E9 ", "01-ABC-03-04-05-0\u00E9"},  // one character, two bytes
+      {"x at a:2:3:4:5 on en0", "a:2:3:4:5"},
+      {"x at a:b:c:d:e:f:a on en0", "a:b:c:d:e:f:a"},
+      {"x at 0a-1b-2c-3d-4e-5f on en0", "0a-1b-2c-3d-4e-5f"},
+      {"x at  1:2:3:4:5:6 on en0", ""},  // the token ends at its first blank
+      {"x at 1:2:3:4:5:6\n", ""},        // and at nothing else
+      {"x at 1:2:3:4:5:6 on en0\n10.0.0.8 -- NO ENTRY", ""},
+      {"no entry at 1:2:3:4:5:6 on en0", ""},
+      {"? (10.0.0.7) at (Incomplete) on en0\n", ""},
+      {"\u20AC\u20AC\u20ACtoken end", "token"},  // no " at ": from the fourth character
+      {"abc ", ""},
+      {"ab", ""}};
+  for (const auto& [output, address] : rows) {
+    EXPECT_EQ(ParseHardwareAddress(output).Bytes(), address) << output;
   }
 }
 
@@ -113,28 +147,28 @@ TEST(Sweep, ProbesLooksUpPrintsAndWaitsHostByHost) {
   shell.Answers = {{"ping -c 1 -t 1 010.0.0.253", "x at 1:2:3:4:5:6 domain name pointer probe."},
                    {"/usr/bin/host 010.0.0.253", "x domain name pointer Gw\xFF.\n"},
                    {"Arp 010.0.0.253", "x at 0:1a:2b:3c:4d:5e on en0\n"}};
-  EXPECT_EQ(LinesOf({"010.0.0", 253, 3, false}, shell),
-            "010.0.0.253=Gw\xFF=00-1A-2B-3C-4D-5E\nwaits 10\n010.0.0.254==\nwaits 10\n");
-  EXPECT_EQ(shell.Commands,
+  EXPECT_EQ(Transcript([&] {
+              SweepHosts({"010.0.0", 253, 3, false}, shell);
+            }),
             "ping -c 1 -t 1 010.0.0.253\n/usr/bin/host 010.0.0.253\nArp 010.0.0.253\n"
-            "ping -c 1 -t 1 010.0.0.254\n/usr/bin/host 010.0.0.254\nArp 010.0.0.254\n");
+            "010.0.0.253=Gw\xFF=00-1A-2B-3C-4D-5E\nwaits 10\n"
+            "ping -c 1 -t 1 010.0.0.254\n/usr/bin/host 010.0.0.254\nArp 010.0.0.254\n"
+            "010.0.0.254==\nwaits 10\n");
 }
 
-TEST(Sweep, SweepsNegativeHostNumbersAndEndsAtTheLast) {
+TEST(Sweep, BeginsAtAnyNumberEndsAtTheLastAndStopsAtAnException) {
   const std::pair<SweepRange, const char*> rows[] = {
       {{"x", -1, 2, false}, "x.-1==\nwaits 10\nx.0==\nwaits 10\n"},
       {{"x", INT64_MIN, 1, false}, "x.-9223372036854775808==\nwaits 10\n"},
       {{"x", 255, 1, false}, ""},
       {{"x", 4611686018427387904, 4611686018427387904, false}, ""},
-      {{"x", INT64_MAX, 1024, false}, ""}};
-  ScriptedShell shell;
-  for (const auto& [range, lines] : rows) EXPECT_EQ(LinesOf(range, shell), lines);
-}
-
-TEST(Sweep, AnExceptionLeavesItWhereItIs) {
-  ScriptedShell shell;
-  shell.FailsAt = "Arp x.2";
-  EXPECT_EQ(LinesOf({"x", 1, 9, false}, shell), "x.1==\nwaits 10\nfailed");
+      {{"x", INT64_MAX, 1024, false}, ""},
+      {{"x", 1, 9, false}, "x.1==\nwaits 10\nfailed\n"}};
+  for (const auto& [range, lines] : rows) {
+    ScriptedShell shell;
+    shell.PrintsCommands = false;
+    EXPECT_EQ(Transcript([&, &sweep = range] { SweepHosts(sweep, shell); }), lines);
+  }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-#include "app/frame.h"
+// src/app/: the frame around Run, and the state of the process that it prepares.
+#include "app/app.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -9,7 +10,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "app/app.h"
+#include "app/frame.h"
 #include "platform/console.h"
 #include "platform/process.h"
 
