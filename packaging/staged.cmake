@@ -14,6 +14,7 @@ file(COPY "${CMAKE_CURRENT_LIST_DIR}/copyright" "${CMAKE_CURRENT_LIST_DIR}/chang
   FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 execute_process(
   COMMAND gzip --best --no-name "${share}/doc/hostsweep/changelog" "${share}/man/man1/hostsweep.1"
+    "${share}/man/man1/hostsweep-network.1"
   COMMAND_ERROR_IS_FATAL ANY)
 execute_process(
   COMMAND strip --remove-section=.comment --remove-section=.note

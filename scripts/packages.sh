@@ -17,9 +17,9 @@ if [ "$(uname)" = Darwin ]; then
 else
   to_build="c++=g++ cmake=cmake make=make"
   to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
-  to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace"
+  to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace python3=python3 parallel=parallel"
   for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
-  to_bench="hyperfine=hyperfine /usr/bin/time=time"
+  to_bench="hyperfine=hyperfine /usr/bin/time=time nmap=nmap arp-scan=arp-scan fping=fping"
   to_cross="npm=npm llvm-objdump=llvm"
   to_gate="clang++=clang clang-format=clang-format clang-tidy=clang-tidy shellcheck=shellcheck
     mandoc=mandoc lintian=lintian strip=binutils dpkg/libc++-dev=libc++-dev
