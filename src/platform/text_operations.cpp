@@ -26,6 +26,11 @@ std::size_t OffsetAfter(std::string_view bytes, std::int64_t count) {
   return bytes.size() - rest.size();
 }
 
+// Byte offset of the character at position `start`; 0 for the first one and before.
+std::size_t OffsetOf(std::string_view bytes, std::int64_t start) {
+  return OffsetAfter(bytes, std::max<std::int64_t>(start, 1) - 1);
+}
+
 // True if `source` begins with the characters of `find`. Comparing whole characters prevents a
 // stray byte from being found inside a longer character.
 bool BeginsWith(std::string_view source, std::string_view find) {
@@ -62,14 +67,12 @@ Text Right(const Text& text, std::int64_t count) {
 }
 
 Text Mid(const Text& text, std::int64_t start) {
-  if (start <= 1) return text;
-  return text.Bytes().substr(OffsetAfter(text.Bytes(), start - 1));
+  return text.Bytes().substr(OffsetOf(text.Bytes(), start));
 }
 
 std::int64_t InStr(std::int64_t start, const Text& source, const Text& find) {
   const std::string_view bytes = source.Bytes();
-  const std::size_t from = start <= 1 ? 0 : OffsetAfter(bytes, start - 1);
-  const std::size_t found = Find(bytes, find.Bytes(), from);
+  const std::size_t found = Find(bytes, find.Bytes(), OffsetOf(bytes, start));
   return found == NotFound ? 0 : CountCharacters(bytes.substr(0, found)) + 1;
 }
 
