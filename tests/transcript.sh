@@ -1,0 +1,20 @@
+# shellcheck shell=sh
+# For the test scripts to read in: they print a transcript of commands, which has to be the same as
+# the file beside the script that ends in ".expected" instead of "_test".
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+expected=$(cd "$(dirname "$0")" && pwd)/$(basename "$0" _test).expected
+
+# run NAME COMMAND...: prints the name, what the command prints to both outputs, and its status.
+run() {
+  echo "== $1"
+  shift
+  "$@" 2>&1
+  echo "status $?"
+}
+
+# compare: succeeds if standard input is the expected transcript, else shows the difference.
+compare() {
+  diff -au "$expected" -
+}
