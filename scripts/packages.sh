@@ -11,7 +11,7 @@ if [ "$(uname)" = Darwin ]; then
   to_sweep=""
   to_test="$(brew --prefix 2>/dev/null || :)/include/gtest/gtest.h=googletest"
   for_lab=""
-  to_cross=""
+  to_release=""
   to_gate=""
   to_bench=""
 else
@@ -20,9 +20,12 @@ else
   to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace python3=python3 parallel=parallel"
   for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
   to_bench="hyperfine=hyperfine /usr/bin/time=time nmap=nmap arp-scan=arp-scan fping=fping"
-  to_cross="npm=npm llvm-objdump=llvm"
+  to_release="npm=npm git=git llvm-objdump=llvm qemu-aarch64-static=qemu-user-static
+    /etc/ssl/certs/ca-certificates.crt=ca-certificates"
+  for_fresh="debootstrap=debootstrap unshare=util-linux
+    /usr/share/keyrings/debian-archive-keyring.gpg=debian-archive-keyring"
   to_gate="clang++=clang clang-format=clang-format clang-tidy=clang-tidy shellcheck=shellcheck
-    mandoc=mandoc lintian=lintian strip=binutils dpkg/libc++-dev=libc++-dev
+    mandoc=mandoc lintian=lintian dpkg/libc++-dev=libc++-dev
     dpkg/libc++abi-dev=libc++abi-dev dpkg/libclang-rt-dev=libclang-rt-dev"
 fi
 

@@ -51,5 +51,5 @@ int Run(const std::vector<std::string>& arguments) {
 }  // namespace hostsweep
 
 int main(int argumentCount, char** arguments) {
-  return hostsweep::Run(hostsweep::Arguments(argumentCount, arguments));
+  return hostsweep::RunTool(hostsweep::Run, argumentCount, arguments);
 }

@@ -94,7 +94,7 @@ std::optional<ArpEntry> FindInDevices(const std::string& address) {
 bool CanReadArpCache() { return access(CacheFile, R_OK) == 0; }
 
 std::optional<ArpEntry> FindArpEntry(const std::string& address) {
-  const std::optional<ArpEntry> cached = FindInCacheFile(address);
+  std::optional<ArpEntry> cached = FindInCacheFile(address);
   if (cached && !cached->HardwareAddress.empty()) return cached;
   const std::optional<ArpEntry> own = FindInDevices(address);
   return own ? own : cached;

@@ -17,11 +17,6 @@ namespace hostsweep {
 constexpr int CannotRun = 126;
 constexpr int NotFound = 127;
 
-// The arguments of `main` without the tool's own name.
-inline std::vector<std::string> Arguments(int argumentCount, char** arguments) {
-  return {arguments + std::min(argumentCount, 1), arguments + argumentCount};
-}
-
 // The next program of this name after the running tool on its search path; empty if there is none.
 inline std::string NextProgram(const std::string& name) {
   const char* const path = std::getenv("PATH");
@@ -32,6 +27,18 @@ inline std::string NextProgram(const std::string& name) {
 inline int Fail(const std::string& tool, const std::string& reason, int status) {
   std::fprintf(stderr, "%s: %s\n", tool.c_str(), reason.c_str());
   return status;
+}
+
+// A tool's `main`: the status that `run` returns for the arguments, which lack the tool's own name.
+template <typename Tool>
+int RunTool(Tool run, int argumentCount, char** arguments) {
+  try {
+    return run(std::vector<std::string>(arguments + std::min(argumentCount, 1),
+                                        arguments + argumentCount));
+  } catch (...) {
+    std::fputs("out of memory\n", stderr);
+    return 1;
+  }
 }
 
 }  // namespace hostsweep

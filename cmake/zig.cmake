@@ -1,0 +1,14 @@
+# Toolchain: builds on Linux for another system with Zig's C++ driver; for Linux itself, programs that
+# are static. Takes from the environment: ZIG, the driver's path, and ZIG_TARGET, what to build for.
+if("$ENV{ZIG_TARGET}" MATCHES "-macos")
+  set(CMAKE_SYSTEM_NAME Darwin)
+  # The target says it all: no SDK to look for, no linker paths to rewrite on installation.
+  set(CMAKE_OSX_SYSROOT "")
+  set(CMAKE_SKIP_RPATH ON)
+  # Zig's own headers are not annotated throughout.
+  set(CMAKE_CXX_FLAGS_INIT -Wno-nullability-completeness)
+else()
+  set(CMAKE_SYSTEM_NAME Linux)
+endif()
+set(CMAKE_CXX_COMPILER $ENV{ZIG} c++ -target $ENV{ZIG_TARGET})
+set(CMAKE_EXE_LINKER_FLAGS_INIT -s) # no symbols and debug information, which name folders
