@@ -1,5 +1,4 @@
-// src/sweep/: the arguments, the parsers, the report line, and the sweep with a shell of the
-// test's.
+// src/sweep/: the arguments, the parsers, the report line, and the sweep with a scripted shell.
 #include "sweep/sweep.h"
 
 #include <gtest/gtest.h>
@@ -66,7 +65,6 @@ TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
       {{"10.0.0.250", "7"}, "quit 0"},
       {{"10.0.0.5", "9223372036854775808"}, "quit 0"},
       {{"\xFF.\u20AC..7x", "2.9"}, "\xFF.\u20AC. 7 2"},
-      {{"...", "3"}, ".. 0 3"},
       {{"010.0.0.-4", "2"}, "010.0.0 -4 2"},
       {{"10.0.0.99999999999999999999", "1"}, "10.0.0 -9223372036854775808 1"},
       {{"10.0.0.9223372036854774784", "1024"}, "10.0.0 9223372036854774784 1024"},
@@ -93,7 +91,6 @@ TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
       {"7.0.0.10.in-addr.arpa Domain Name POINTER Nas.lan.\r\n", "Nas.lan"},
       {"domain name pointer a.\nx domain name pointer b.\n",
        "a.\nx domain name pointer b"},                 // several records: all of them
-      {"domain name pointer", ""},                     // nothing after the marker
       {"domain name pointer \t\n", ""},                // only white space
       {"domain name pointerX.nas.\n", ".nas"},         // whatever separates is skipped
       {"domain name pointer\u20ACnas.\n", "nas"},      // one character, not one byte
@@ -102,9 +99,7 @@ TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
       {"domain name pointer nas .\n", "nas "},         // no trimming after the dot
       {"Host 7.0.0.10.in-addr.arpa. not found: 3(NXDOMAIN)\n", "10.0.0.7"},
       {"", "10.0.0.7"}};
-  for (const auto& [output, name] : rows) {
-    EXPECT_EQ(ParseHostName(output, "10.0.0.7").Bytes(), name) << output;
-  }
+  for (const auto& [text, name] : rows) EXPECT_EQ(ParseHostName(text, "10.0.0.7").Bytes(), name);
 }
 
 TEST(ParseHardwareAddress, NormalisesSixGroups) {
@@ -115,18 +110,14 @@ TEST(ParseHardwareAddress, NormalisesSixGroups) {
       {"x at 1:abc:3:4:5:\u00E9 ", "01-ABC-03-04-05-0\u00E9"},  // one character, two bytes
       {"x at a:2:3:4:5 on en0", "a:2:3:4:5"},
       {"x at a:b:c:d:e:f:a on en0", "a:b:c:d:e:f:a"},
-      {"x at 0a-1b-2c-3d-4e-5f on en0", "0a-1b-2c-3d-4e-5f"},
       {"x at  1:2:3:4:5:6 on en0", ""},  // the token ends at its first blank
       {"x at 1:2:3:4:5:6\n", ""},        // and at nothing else
-      {"x at 1:2:3:4:5:6 on en0\n10.0.0.8 -- NO ENTRY", ""},
-      {"no entry at 1:2:3:4:5:6 on en0", ""},
+      {"NO ENTRY at 1:2:3:4:5:6 on en0", ""},
       {"? (10.0.0.7) at (Incomplete) on en0\n", ""},
       {"\u20AC\u20AC\u20ACtoken end", "token"},  // no " at ": from the fourth character
       {"abc ", ""},
       {"ab", ""}};
-  for (const auto& [output, address] : rows) {
-    EXPECT_EQ(ParseHardwareAddress(output).Bytes(), address) << output;
-  }
+  for (const auto& [text, address] : rows) EXPECT_EQ(ParseHardwareAddress(text).Bytes(), address);
 }
 
 TEST(DecideName, TellsWhatIsKnown) {
