@@ -91,7 +91,7 @@ TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
       {"7.0.0.10.in-addr.arpa Domain Name POINTER Nas.lan.\r\n", "Nas.lan"},
       {"domain name pointer a.\nx domain name pointer b.\n",
        "a.\nx domain name pointer b"},                 // several records: all of them
-      {"domain name pointer \t\n", ""},                // only white space
+      {"domain name pointer  \t\r\n ", ""},            // only white space
       {"domain name pointerX.nas.\n", ".nas"},         // whatever separates is skipped
       {"domain name pointer\u20ACnas.\n", "nas"},      // one character, not one byte
       {"domain name pointer\xE2\x82nas.", "\x82nas"},  // a byte that is no text is one

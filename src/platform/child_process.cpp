@@ -39,24 +39,21 @@ class StandardStreams {
   posix_spawn_file_actions_t actions_{};
 };
 
-// How the child takes signals.
-class SignalState {
+// What signals do to the child.
+class SignalActions {
  public:
-  SignalState() { Require(posix_spawnattr_init(&attributes_)); }
-  SignalState(const SignalState&) = delete;
-  SignalState& operator=(const SignalState&) = delete;
-  ~SignalState() { posix_spawnattr_destroy(&attributes_); }
+  SignalActions() { Require(posix_spawnattr_init(&attributes_)); }
+  SignalActions(const SignalActions&) = delete;
+  SignalActions& operator=(const SignalActions&) = delete;
+  ~SignalActions() { posix_spawnattr_destroy(&attributes_); }
 
   void Reset() {
-    sigset_t none;
     sigset_t all;
-    sigemptyset(&none);
     sigfillset(&all);
     sigdelset(&all, SIGKILL);  // these two are always at their default, and POSIX lets a system
     sigdelset(&all, SIGSTOP);  // refuse to set it
-    Require(posix_spawnattr_setsigmask(&attributes_, &none));
     Require(posix_spawnattr_setsigdefault(&attributes_, &all));
-    Require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF));
+    Require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF));
   }
 
   [[nodiscard]] const posix_spawnattr_t* Get() const { return &attributes_; }
@@ -79,7 +76,7 @@ ChildProcess ChildProcess::Apart(const std::vector<std::string>& command,
                                  const std::vector<std::string>& environment, int output) {
   StandardStreams streams;
   streams.CollectIn(output);
-  SignalState signals;
+  SignalActions signals;
   signals.Reset();
   return ChildProcess(Spawn(command, environment, streams.Get(), signals.Get()));
 }

@@ -16,13 +16,12 @@ namespace hostsweep {
 // `ShellNotAvailableException` if the system cannot do it.
 class ChildProcess {
  public:
-  // Starts a program apart from the caller's surroundings: with this environment (elements
-  // "NAME=value") and standard output; with an empty standard input; its standard error is
-  // discarded, every signal has its default action and none is blocked.
+  // Starts a program with this environment (elements "NAME=value") and standard output. Its standard
+  // input is empty, its standard error is discarded, and every signal has its default action.
   static ChildProcess Apart(const std::vector<std::string>& command,
                             const std::vector<std::string>& environment, int output);
 
-  // Starts a program that shares the environment, the descriptors and the signal state of this one.
+  // Starts a program with the environment, the descriptors and the signal actions of this one.
   static ChildProcess Sharing(const std::vector<std::string>& command);
 
   ChildProcess(const ChildProcess&) = delete;

@@ -1,6 +1,6 @@
 #include "platform/tools_folder.h"
 
-#include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/program_path.h"
 
@@ -13,10 +13,7 @@ std::string FolderOf(const std::string& path) {
   return slash == std::string::npos ? "" : path.substr(0, slash);
 }
 
-bool IsFolder(const std::string& path) {
-  struct stat status = {};
-  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
+bool IsFolder(const std::string& path) { return access((path + "/.").c_str(), F_OK) == 0; }
 
 }  // namespace
 
