@@ -27,12 +27,13 @@ class TestApp : public App {
     ++HandlerCalls;
     return Handler ? Handler() : App::UnhandledException(error);
   }
-  void Constructor() override { EXPECT_EQ(MajorVersion, 0); }  // the version data comes after it
+  void Constructor() override { VersionWhenConstructed = MajorVersion; }
 
   std::vector<Text> Arguments;
   std::function<std::int64_t()> Work;
   std::function<bool()> Handler;
   int HandlerCalls = 0;
+  std::int64_t VersionWhenConstructed = -1;
 };
 
 class Frame : public testing::Test {
@@ -44,6 +45,7 @@ class Frame : public testing::Test {
 TEST_F(Frame, RunIsCalledInARegisteredApplicationWithItsVersionData) {
   app_.Work = [&] {
     EXPECT_EQ(&App::Current(), &app_);
+    EXPECT_EQ(app_.VersionWhenConstructed, 0);
     EXPECT_EQ(Join({Str(app_.MajorVersion), Str(app_.MinorVersion), Str(app_.BugVersion)}, "."),
               app_.ShortVersion);
     return app_.StageCode;

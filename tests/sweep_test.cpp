@@ -97,7 +97,7 @@ TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
       {"domain name pointer\xE2\x82nas.", "\x82nas"},  // a byte that is no text is one
       {"domain name pointer nas..\n", "nas."},         // one dot, not two
       {"domain name pointer nas .\n", "nas "},         // no trimming after the dot
-      {"Host 7.0.0.10.in-addr.arpa. not found: 3(NXDOMAIN)\n", "10.0.0.7"},
+      {"Host omain name pointer not found: 3(NXDOMAIN)\n", "10.0.0.7"},
       {"", "10.0.0.7"}};
   for (const auto& [text, name] : rows) EXPECT_EQ(ParseHostName(text, "10.0.0.7").Bytes(), name);
 }

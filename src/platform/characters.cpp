@@ -6,21 +6,21 @@ namespace hostsweep {
 namespace {
 
 struct Lead {
-  std::size_t size;             // of a sequence that begins with the byte; 1 if none does
-  unsigned char lowestSecond;   // bounds of its second byte, which exclude overlong forms,
-  unsigned char highestSecond;  // surrogates and everything above U+10FFFF
+  std::size_t size = 1;                // of a sequence that begins with the byte; 1 if none does
+  unsigned char lowestSecond = 0x80;   // bounds of its second byte, which exclude overlong forms,
+  unsigned char highestSecond = 0xBF;  // surrogates and everything above U+10FFFF
 };
 
 // The table of RFC 3629, section 4.
 constexpr Lead LeadOf(unsigned char byte) {
-  if (byte < 0xC2 || byte > 0xF4) return {1, 0, 0};
-  if (byte < 0xE0) return {2, 0x80, 0xBF};
-  if (byte == 0xE0) return {3, 0xA0, 0xBF};
+  if (byte < 0xC2 || byte > 0xF4) return {};
+  if (byte < 0xE0) return {2};
+  if (byte == 0xE0) return {3, 0xA0};
   if (byte == 0xED) return {3, 0x80, 0x9F};
-  if (byte < 0xF0) return {3, 0x80, 0xBF};
-  if (byte == 0xF0) return {4, 0x90, 0xBF};
+  if (byte < 0xF0) return {3};
+  if (byte == 0xF0) return {4, 0x90};
   if (byte == 0xF4) return {4, 0x80, 0x8F};
-  return {4, 0x80, 0xBF};
+  return {4};
 }
 
 constexpr unsigned char Unsigned(char byte) { return static_cast<unsigned char>(byte); }

@@ -29,9 +29,8 @@ void Print(const Text& line) {
       rest.remove_prefix(static_cast<std::size_t>(written));
       continue;
     }
-    if (written == 0) Quit(0);  // would repeat itself for ever
-    if (errno == EINTR) continue;
-    if (errno != EAGAIN) Quit(0);
+    if (written < 0 && errno == EINTR) continue;
+    if (written == 0 || errno != EAGAIN) Quit(0);
     WaitUntilWritable();
   }
 }
