@@ -4,8 +4,8 @@
 
 PATH=$PATH:/usr/sbin:/sbin # where an ordinary user's path does not lead
 
-# What tells that a package is there (a command, a file, or "dpkg/" and its own name), "=", the
-# package.
+# Each entry is what shows that a package is installed (a command, a file, or "dpkg/" and its name),
+# "=", and the package.
 if [ "$(uname)" = Darwin ]; then
   to_build="cmake=cmake"
   to_sweep=""
@@ -58,7 +58,7 @@ install_missing() {
     # shellcheck disable=SC2086
     as_root apt-get install -qq --no-install-recommends $missing >&2 && return
   fi
-  say "please install:$missing"
+  say "please install what these packages contain:$missing"
   exit 1
 }
 

@@ -10,7 +10,8 @@
 namespace hostsweep {
 
 // Runs the program with its arguments, the first of which is its own path. Returns the exit status.
-// Lets exceptions from before `Run` pass, and those that `_CallFunctionWithExceptionHandling` does.
+// Exceptions from before `Run` pass, and so do those that `_CallFunctionWithExceptionHandling` lets
+// pass.
 std::int64_t RunProgram(const std::vector<Text>& arguments);
 
 // Takes a new application through its life: `Constructor`, the version data, its registration, and

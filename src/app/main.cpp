@@ -1,4 +1,4 @@
-// The process entry: calls the frame, and nothing else.
+// The process entry: calls the frame, and ends with status 0 if an exception passes it.
 #include <vector>
 
 #include "app/frame.h"

@@ -39,7 +39,7 @@ class StandardStreams {
   posix_spawn_file_actions_t actions_{};
 };
 
-// What signals do to the child.
+// What signals do to the child: the default for those that `PrepareProcess` ignores.
 class SignalActions {
  public:
   SignalActions() { Require(posix_spawnattr_init(&attributes_)); }
@@ -48,11 +48,11 @@ class SignalActions {
   ~SignalActions() { posix_spawnattr_destroy(&attributes_); }
 
   void Reset() {
-    sigset_t all;
-    sigfillset(&all);
-    sigdelset(&all, SIGKILL);  // these two are always at their default, and POSIX lets a system
-    sigdelset(&all, SIGSTOP);  // refuse to set it
-    Require(posix_spawnattr_setsigdefault(&attributes_, &all));
+    sigset_t ignored;
+    sigemptyset(&ignored);
+    sigaddset(&ignored, SIGPIPE);
+    sigaddset(&ignored, SIGXFSZ);
+    Require(posix_spawnattr_setsigdefault(&attributes_, &ignored));
     Require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF));
   }
 

@@ -16,8 +16,10 @@ namespace hostsweep {
 // `ShellNotAvailableException` if the system cannot do it.
 class ChildProcess {
  public:
-  // Starts a program with this environment (elements "NAME=value") and standard output. Its standard
-  // input is empty, its standard error is discarded, and every signal has its default action.
+  // Starts a program with this environment (elements "NAME=value") and standard output. Its
+  // standard input is empty, its standard error is discarded, and it ignores the signals that the
+  // caller of this program had it ignore, as under nohup(1), but not those that `PrepareProcess`
+  // ignores.
   static ChildProcess Apart(const std::vector<std::string>& command,
                             const std::vector<std::string>& environment, int output);
 

@@ -1,4 +1,4 @@
-// The program's one output channel, and its end.
+// Standard output, and ending the program.
 #pragma once
 
 #include <cstdint>

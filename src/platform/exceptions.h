@@ -1,4 +1,4 @@
-// The exceptions of the system. Only the frame catches them.
+// The exceptions of the system. In hostsweep itself only the frame catches them.
 #pragma once
 
 #include <cstdint>

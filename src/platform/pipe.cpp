@@ -4,10 +4,8 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdint>
 
 #include "platform/exceptions.h"
 
@@ -35,13 +33,13 @@ Pipe OpenPipe() {
 }
 
 bool BecomesReadable(const Descriptor& reader, std::chrono::milliseconds time) {
-  const int milliseconds = static_cast<int>(std::max<std::int64_t>(time.count(), 0));
+  const int milliseconds = static_cast<int>(time.count());
   pollfd wanted = {reader.Number(), POLLIN, 0};
   return RetryInterrupted([&] { return poll(&wanted, 1, milliseconds); }) > 0;
 }
 
 bool ReadOnce(const Descriptor& reader, std::string& output) {
-  // Linux gives a pipe 16 pages, which are 64 KiB at most; other systems give it less.
+  // Linux gives a pipe 16 pages of at most 64 KiB each; other systems give it less.
   constexpr std::size_t PipeCapacity = 1U << 20U;
   static std::array<char, PipeCapacity> buffer;  // too large for the stack
   const ssize_t size =

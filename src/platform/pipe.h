@@ -17,8 +17,8 @@ struct Pipe {
 // A new pipe. Raises `ShellNotAvailableException` if the system has none to give.
 Pipe OpenPipe();
 
-// True if the descriptor can be read, or has reached its end, within the time; a time below 0
-// counts as 0. Raises `ShellNotRunningException` if waiting fails.
+// True if the descriptor can be read, or has reached its end, within the time, which is 0 or more.
+// Raises `ShellNotRunningException` if waiting fails.
 bool BecomesReadable(const Descriptor& reader, std::chrono::milliseconds time);
 
 // Waits until the descriptor can be read, and appends all that a pipe holds then to `output`. False

@@ -11,13 +11,6 @@
 namespace hostsweep {
 namespace {
 
-void OpenStandardDescriptors() {
-  for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    const bool isClosed = fcntl(number, F_GETFD) == -1;
-    if (isClosed) open("/dev/null", O_RDONLY);  // takes the lowest free number, which is this one
-  }
-}
-
 void KeepOtherDescriptorsFromChildren() {
   const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir("/dev/fd"), closedir);
   if (folder == nullptr) return;
@@ -37,6 +30,13 @@ void PrepareSignals() {
 }
 
 }  // namespace
+
+void OpenStandardDescriptors() {
+  for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    const bool isClosed = fcntl(number, F_GETFD) == -1;
+    if (isClosed) open("/dev/null", O_RDONLY);  // takes the lowest free number, which is this one
+  }
+}
 
 void PrepareProcess() {
   OpenStandardDescriptors();

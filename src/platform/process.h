@@ -3,10 +3,13 @@
 
 namespace hostsweep {
 
+// Opens the standard descriptors that are closed on /dev/null, so that no other file gets their
+// numbers. Writing to them still fails.
+void OpenStandardDescriptors();
+
 // Normalises the process state inherited from the caller. To be called once, before anything else:
-// - Closed standard descriptors are opened on /dev/null, so that no other file gets their numbers.
-//   Writing to them still fails.
-// - Child processes do not inherit any other descriptor.
+// - `OpenStandardDescriptors`.
+// - Child processes do not inherit any other descriptor that /dev/fd lists.
 // - Writing to a pipe without a reader, or beyond the file size limit, returns an error instead of
 //   raising a signal.
 // - No signal is blocked, and the ends of child processes are not ignored.

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -61,7 +60,7 @@ std::string SearchPath(std::string_view callersPath, std::string_view toolsFolde
   std::vector<std::string> folders;
   if (!callersPath.empty()) folders = Folders(callersPath);
   std::vector<File> files;
-  std::transform(folders.begin(), folders.end(), std::back_inserter(files), FileAt);
+  for (const std::string& folder : folders) files.push_back(FileAt(PathIn(folder, ".")));
   std::vector<File> systemFiles;
   for (const char* const folder : SystemFolders) {
     systemFiles.push_back(FileAt(folder));

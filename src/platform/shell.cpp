@@ -32,17 +32,16 @@ std::vector<std::string> ToolEnvironment() {
 bool ReadFor(std::chrono::milliseconds time, const Descriptor& reader, std::string& output) {
   using std::chrono::steady_clock;
   const steady_clock::time_point end = steady_clock::now() + time;
-  while (BecomesReadable(reader, time)) {
+  while (time.count() > 0 && BecomesReadable(reader, time)) {
     if (!ReadOnce(reader, output)) return false;
     time = std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now());
-    if (time.count() <= 0) break;
   }
   return true;
 }
 
-// What the child writes until it has ended. A process that it leaves running can hold the pipe open
-// and go on writing, so the child itself is checked at intervals; what the pipe holds when the
-// child is found to have ended is the last that is read.
+// What the pipe receives until the child is found to have ended. A process that the child leaves
+// running can hold the pipe open and go on writing, so the child is checked at intervals; what the
+// pipe holds after the last check is read, and nothing later.
 std::string Collect(const Descriptor& reader, ChildProcess& child) {
   constexpr std::chrono::milliseconds Interval(50);
   std::string output;

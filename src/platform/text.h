@@ -1,5 +1,5 @@
-// The text type. Its equality ignores letter case, so that a case-sensitive comparison cannot slip
-// in. The operations on texts are in text_operations.h.
+// The text type. Its equality ignores letter case, so that no comparison is case-sensitive by
+// mistake. The operations on texts are in text_operations.h.
 #pragma once
 
 #include <string>

@@ -49,10 +49,6 @@ std::size_t Find(std::string_view source, std::string_view find, std::size_t fro
   return NotFound;
 }
 
-std::string_view LeadingDigits(std::string_view bytes) {
-  return bytes.substr(0, bytes.find_first_not_of("0123456789"));
-}
-
 }  // namespace
 
 std::int64_t Len(const Text& text) { return CountCharacters(text.Bytes()); }
@@ -126,23 +122,13 @@ Text Join(const std::vector<Text>& fields, const Text& separator) {
 Text Str(std::int64_t value) { return std::to_string(value); }
 
 double Val(const Text& text) {
-  std::string_view rest = text.Bytes();
-  std::string number;
-  if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) {
-    number = rest.front();
-    rest.remove_prefix(1);
-  }
-  const std::string_view whole = LeadingDigits(rest);
-  if (whole.empty()) return 0;
-  number += whole;
-  rest.remove_prefix(whole.size());
-  if (!rest.empty() && rest.front() == '.') {
-    const std::string_view fraction = LeadingDigits(rest.substr(1));
-    number += fraction;
-    // An exponent in place of the decimal point, whose character depends on the locale.
-    number += "e-" + std::to_string(fraction.size());
-  }
-  return std::strtod(number.c_str(), nullptr);
+  constexpr const char* Digits = "0123456789";
+  const std::string& bytes = text.Bytes();
+  const std::size_t first = bytes.find_first_of("+-") == 0 ? 1 : 0;
+  std::size_t end = std::min(bytes.find_first_not_of(Digits, first), bytes.size());
+  if (end == first) return 0;
+  if (end < bytes.size() && bytes[end] == '.') end = bytes.find_first_not_of(Digits, end + 1);
+  return std::strtod(bytes.substr(0, end).c_str(), nullptr);
 }
 
 }  // namespace hostsweep

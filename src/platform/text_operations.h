@@ -47,7 +47,8 @@ Text Str(std::int64_t value);
 
 // The decimal number at the beginning of the text, as the nearest double: an optional sign, digits,
 // and optionally "." and more digits. The rest of the text is ignored. 0 if the text does not begin
-// with such a number; infinite if it is too large. Leading blanks, exponents, other radixes and
+// with such a number; plus or minus infinity if it is too
+// large. Leading blanks, exponents, other radixes and
 // words such as "inf" are not read.
 double Val(const Text& text);
 

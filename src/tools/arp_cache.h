@@ -1,4 +1,4 @@
-// What the operating system's own interfaces say of an address's entry in the ARP cache.
+// What the operating system's own interfaces say about an address's entry in the ARP cache.
 #pragma once
 
 #include <optional>

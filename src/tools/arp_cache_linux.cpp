@@ -5,6 +5,7 @@
 #include <net/if_arp.h>
 #include <netinet/in.h>
 #include <netpacket/packet.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>

@@ -1,5 +1,5 @@
-// ping ARGUMENTS: runs the next ping on the search path, and ends it after one second. Except on
-// macOS -t is no time limit, and a ping without an answer can take ten seconds.
+// ping ARGUMENTS: runs the next ping on the search path, and ends it after one second. Only on
+// macOS is -t a time limit; elsewhere a ping without an answer can take ten seconds.
 #include <fcntl.h>
 
 #include <chrono>
@@ -26,12 +26,13 @@ int RunForOneSecond(const std::vector<std::string>& command) {
   return child.Wait();
 }
 
-int Run(std::vector<std::string> arguments) {
+int Run(const std::vector<std::string>& arguments) {
   const std::string ping = NextProgram("ping");
   if (ping.empty()) return Fail("ping", "not found", NotFound);
-  arguments.insert(arguments.begin(), ping);
+  std::vector<std::string> command = {ping};
+  command.insert(command.end(), arguments.begin(), arguments.end());
   try {
-    return RunForOneSecond(arguments);
+    return RunForOneSecond(command);
   } catch (const RuntimeException&) {
     return Fail("ping", ping + " cannot be run", CannotRun);
   }

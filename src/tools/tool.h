@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/process.h"
 #include "platform/program_path.h"
 #include "platform/search_path.h"
 
@@ -17,10 +18,13 @@ namespace hostsweep {
 constexpr int CannotRun = 126;
 constexpr int NotFound = 127;
 
-// The next program of this name after the running tool on its search path; empty if there is none.
+// The next program of this name after the running tool on its search path; empty if there is none,
+// or if the tool's own path is unknown.
 inline std::string NextProgram(const std::string& name) {
+  const std::string self = ProgramPath();
+  if (self.empty()) return {};  // it could find itself
   const char* const path = std::getenv("PATH");
-  return NextProgram(SearchPath(path == nullptr ? "" : path, ""), name, ProgramPath());
+  return NextProgram(SearchPath(path == nullptr ? "" : path, ""), name, self);
 }
 
 // Says on standard error why the tool fails. Returns the status.
@@ -30,8 +34,9 @@ inline int Fail(const std::string& tool, const std::string& reason, int status) 
 }
 
 // A tool's `main`: the status that `run` returns for the arguments, which lack the tool's own name.
-template <typename Tool>
-int RunTool(Tool run, int argumentCount, char** arguments) {
+inline int RunTool(int (*run)(const std::vector<std::string>&), int argumentCount,
+                   char** arguments) {
+  OpenStandardDescriptors();
   try {
     return run(std::vector<std::string>(arguments + std::min(argumentCount, 1),
                                         arguments + argumentCount));
