@@ -136,9 +136,8 @@ TEST(Sweep, ProbesLooksUpPrintsAndWaitsHostByHost) {
   shell.Answers = {{"ping -c 1 -t 1 010.0.0.253", "x at 1:2:3:4:5:6 domain name pointer probe."},
                    {"/usr/bin/host 010.0.0.253", "x domain name pointer Gw\xFF.\n"},
                    {"Arp 010.0.0.253", "x at 0:1a:2b:3c:4d:5e on en0\n"}};
-  EXPECT_EQ(Transcript([&] {
-              SweepHosts({"010.0.0", 253, 3, false}, shell);
-            }),
+  const auto sweep = [&] { SweepHosts({"010.0.0", 253, 3, false}, shell); };
+  EXPECT_EQ(Transcript(sweep),
             "ping -c 1 -t 1 010.0.0.253\n/usr/bin/host 010.0.0.253\nArp 010.0.0.253\n"
             "010.0.0.253=Gw\xFF=00-1A-2B-3C-4D-5E\nwaits 10\n"
             "ping -c 1 -t 1 010.0.0.254\n/usr/bin/host 010.0.0.254\nArp 010.0.0.254\n"
