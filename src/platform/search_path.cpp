@@ -60,6 +60,7 @@ std::string SearchPath(std::string_view callersPath, std::string_view toolsFolde
   std::vector<std::string> folders;
   if (!callersPath.empty()) folders = Folders(callersPath);
   std::vector<File> files;
+  files.reserve(folders.size());
   for (const std::string& folder : folders) files.push_back(FileAt(PathIn(folder, ".")));
   std::vector<File> systemFiles;
   for (const char* const folder : SystemFolders) {
