@@ -15,7 +15,4 @@ if("$ENV{ZIG_TARGET}" MATCHES "^arm-")
   # ARMv7 with no more than every such processor under a hard-float Linux has: no NEON.
   list(APPEND CMAKE_CXX_COMPILER -mcpu=generic+v7a+vfp3d16-vfp3-d32-neon)
 endif()
-# For macOS its linker does not read every archive that other tools make.
-set(CMAKE_CXX_ARCHIVE_CREATE "\"$ENV{ZIG}\" ar qc <TARGET> <OBJECTS>")
-set(CMAKE_CXX_ARCHIVE_FINISH "")
 set(CMAKE_EXE_LINKER_FLAGS_INIT -s) # no symbols and debug information, which name folders
