@@ -11,6 +11,7 @@
 #include "platform/environment.h"
 #include "platform/exceptions.h"
 #include "platform/pointers.h"
+#include "platform/process.h"
 
 namespace hostsweep {
 namespace {
@@ -50,8 +51,7 @@ class SignalActions {
   void Reset() {
     sigset_t ignored;
     sigemptyset(&ignored);
-    sigaddset(&ignored, SIGPIPE);
-    sigaddset(&ignored, SIGXFSZ);
+    for (const int number : WriteSignals) sigaddset(&ignored, number);
     Require(posix_spawnattr_setsigdefault(&attributes_, &ignored));
     Require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF));
   }

@@ -21,8 +21,7 @@ void KeepOtherDescriptorsFromChildren() {
 }
 
 void PrepareSignals() {
-  signal(SIGPIPE, SIG_IGN);
-  signal(SIGXFSZ, SIG_IGN);
+  for (const int number : WriteSignals) signal(number, SIG_IGN);
   signal(SIGCHLD, SIG_DFL);
   sigset_t none;
   sigemptyset(&none);

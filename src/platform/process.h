@@ -1,7 +1,15 @@
 // The state of the process before the program's own work begins.
 #pragma once
 
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's signals, not all in <csignal>
+
+#include <array>
+
 namespace hostsweep {
+
+// The signals that a failing write raises. `PrepareProcess` ignores them; programs that this one
+// starts get their default action back.
+constexpr std::array<int, 2> WriteSignals = {SIGPIPE, SIGXFSZ};
 
 // Opens the standard descriptors that are closed on /dev/null, so that no other file gets their
 // numbers. Writing to them still fails.
