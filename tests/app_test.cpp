@@ -10,7 +10,7 @@
 
 #include "app/frame.h"
 #include "platform/console.h"
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 
 namespace hostsweep {
 namespace {

@@ -13,7 +13,7 @@
 
 #include "platform/search_path.h"
 #include "platform/shell.h"
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 
 namespace hostsweep {
 namespace {

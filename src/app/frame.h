@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/console_application.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace hostsweep {
 

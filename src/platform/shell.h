@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace hostsweep {
 

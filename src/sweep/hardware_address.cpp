@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 
 namespace hostsweep {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/shell.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace hostsweep {
 

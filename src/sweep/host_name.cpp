@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 
 namespace hostsweep {
 namespace {

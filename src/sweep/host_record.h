@@ -1,7 +1,7 @@
 // What the sweep finds out about one address, and the line that reports it.
 #pragma once
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace hostsweep {
 

@@ -2,7 +2,7 @@
 
 #include "app/app.h"
 #include "platform/console.h"
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 #include "sweep/hardware_address.h"
 #include "sweep/host_name.h"
 #include "sweep/host_record.h"

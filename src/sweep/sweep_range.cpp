@@ -4,7 +4,7 @@
 
 #include "app/app.h"
 #include "platform/console.h"
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 
 namespace hostsweep {
 namespace {

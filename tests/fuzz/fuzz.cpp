@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 #include "sweep/hardware_address.h"
 #include "sweep/host_name.h"
 

@@ -1,4 +1,4 @@
-#include "platform/text_operations.h"
+#include "platform/text/text_operations.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/characters.h"
+#include "platform/text/characters.h"
 
 namespace hostsweep {
 namespace {

@@ -1,6 +1,6 @@
-#include "platform/text.h"
+#include "platform/text/text.h"
 
-#include "platform/characters.h"
+#include "platform/text/characters.h"
 
 namespace hostsweep {
 

@@ -1,4 +1,4 @@
-#include "platform/characters.h"
+#include "platform/text/characters.h"
 
 #include <algorithm>
 
