@@ -14,6 +14,7 @@
 #include "platform/search_path.h"
 #include "platform/shell.h"
 #include "platform/text/text_operations.h"
+#include "tools/next_program.h"
 
 namespace hostsweep {
 namespace {

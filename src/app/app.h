@@ -11,7 +11,7 @@ namespace hostsweep {
 // The one application. It adds no state.
 class App : public ConsoleApplication {
  public:
-  // The application object of this process. Raises `NilObjectException` if there is none, or if it
+  // The application object of this process. Throws `NilObjectException` if there is none, or if it
   // is not an `App`.
   static App& Current();
 
@@ -19,7 +19,7 @@ class App : public ConsoleApplication {
   // that does this work.
   std::int64_t Run(const std::vector<Text>& arguments) override;
 
-  // Ends the program by `Quit(0)`: errors are not reported.
+  // Calls `Quit(0)`: errors are not reported.
   bool UnhandledException(const RuntimeException& error) override;
 };
 

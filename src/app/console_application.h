@@ -20,7 +20,8 @@ class ConsoleApplication {
   // Waits that many milliseconds; returns at once for 0 or less.
   virtual void DoEvents(std::int64_t milliseconds);
 
-  // Stores the version data in the properties below.
+  // Stores the version data in the properties below: part of the application's interface, which
+  // this program does not itself read.
   virtual void _x_SetVersionData(std::int64_t majorVersion, std::int64_t minorVersion,
                                  std::int64_t bugVersion, std::int64_t nonReleaseVersion,
                                  std::int64_t stageCode, const Text& longVersion,
@@ -33,7 +34,8 @@ class ConsoleApplication {
   // overridden, it never does.
   virtual bool UnhandledException(const RuntimeException& error);
 
-  // Called once after the object is created. Does nothing unless overridden.
+  // Called once after the object is created. Does nothing unless overridden; part of the
+  // application's interface, which this program does not itself use.
   virtual void Constructor() {}
 
   virtual ~ConsoleApplication() = default;

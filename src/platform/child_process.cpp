@@ -6,21 +6,25 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <system_error>
+#include <utility>
 
 #include "platform/environment.h"
-#include "platform/exceptions.h"
 #include "platform/pointers.h"
 #include "platform/process.h"
+#include "platform/system_call.h"
 
 namespace hostsweep {
 namespace {
 
+// For functions that return an error number.
 void Require(int error) {
-  if (error != 0) throw ShellNotAvailableException();
+  if (error != 0) throw std::system_error(error, std::generic_category(), "posix_spawn");
 }
 
-// What the child gets as standard input, output and error.
+// The standard input, output and error of a child.
 class StandardStreams {
  public:
   StandardStreams() { Require(posix_spawn_file_actions_init(&actions_)); }
@@ -40,20 +44,24 @@ class StandardStreams {
   posix_spawn_file_actions_t actions_{};
 };
 
-// What signals do to the child: the default for those that `PrepareProcess` ignores.
-class SignalActions {
+// The signal actions and the process group of a child.
+class SpawnAttributes {
  public:
-  SignalActions() { Require(posix_spawnattr_init(&attributes_)); }
-  SignalActions(const SignalActions&) = delete;
-  SignalActions& operator=(const SignalActions&) = delete;
-  ~SignalActions() { posix_spawnattr_destroy(&attributes_); }
+  SpawnAttributes() { Require(posix_spawnattr_init(&attributes_)); }
+  SpawnAttributes(const SpawnAttributes&) = delete;
+  SpawnAttributes& operator=(const SpawnAttributes&) = delete;
+  ~SpawnAttributes() { posix_spawnattr_destroy(&attributes_); }
 
-  void Reset() {
+  // Gives the child the default action of the signals that `PrepareProcess` ignores.
+  void Set(ChildProcess::Group group) {
     sigset_t ignored;
     sigemptyset(&ignored);
     for (const int number : WriteSignals) sigaddset(&ignored, number);
     Require(posix_spawnattr_setsigdefault(&attributes_, &ignored));
-    Require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF));
+    int flags = POSIX_SPAWN_SETSIGDEF;
+    if (group == ChildProcess::Group::Own) flags |= POSIX_SPAWN_SETPGROUP;
+    Require(posix_spawnattr_setpgroup(&attributes_, 0));
+    Require(posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)));
   }
 
   [[nodiscard]] const posix_spawnattr_t* Get() const { return &attributes_; }
@@ -70,51 +78,76 @@ pid_t Spawn(const std::vector<std::string>& command, const std::vector<std::stri
   return pid;
 }
 
+// The id of a child that has ended, which is not reaped; 0 if there is none, -1 if no such child is
+// there.
+pid_t Ended(idtype_t type, pid_t pid, int options) {
+  siginfo_t child{};
+  const int result = RetryInterrupted(
+      [&] { return waitid(type, static_cast<id_t>(pid), &child, WEXITED | WNOWAIT | options); });
+  return result == -1 ? -1 : child.si_pid;
+}
+
 }  // namespace
 
-ChildProcess ChildProcess::Apart(const std::vector<std::string>& command,
-                                 const std::vector<std::string>& environment, int output) {
+ChildProcess ChildProcess::StartIsolated(const std::vector<std::string>& command,
+                                         const std::vector<std::string>& environment, int output,
+                                         Group group) {
   StandardStreams streams;
   streams.CollectIn(output);
-  SignalActions signals;
-  signals.Reset();
-  return ChildProcess(Spawn(command, environment, streams.Get(), signals.Get()));
+  SpawnAttributes attributes;
+  attributes.Set(group);
+  return {Spawn(command, environment, streams.Get(), attributes.Get()), group};
 }
 
-ChildProcess ChildProcess::Sharing(const std::vector<std::string>& command) {
-  return ChildProcess(Spawn(command, Environment(), nullptr, nullptr));
+ChildProcess ChildProcess::StartInheriting(const std::vector<std::string>& command) {
+  return {Spawn(command, Environment(), nullptr, nullptr), Group::Inherited};
 }
+
+ChildProcess::ChildProcess(ChildProcess&& other) noexcept
+    : pid_(other.pid_),
+      group_(other.group_),
+      ended_(std::exchange(other.ended_, true)),
+      wasKilled_(other.wasKilled_),
+      status_(other.status_) {}
 
 ChildProcess::~ChildProcess() {
-  Kill();
+  Signal(SIGKILL);
   Wait();
 }
 
 bool ChildProcess::HasEnded() {
-  if (!ended_) Reap(WNOHANG);
+  Reap(WNOHANG);
   return ended_;
 }
 
 int ChildProcess::Wait() {
-  while (!ended_) {
-    // A child that cannot be waited for is no longer there.
-    if (Reap(0) == -1 && errno != EINTR) ended_ = true;
-  }
+  Reap(0);
   return status_;
 }
 
-void ChildProcess::Kill() const {
-  if (!ended_) kill(pid_, SIGKILL);
+void ChildProcess::Signal(int number) const {
+  if (!ended_) kill(group_ == Group::Own ? -pid_ : pid_, number);
 }
 
-pid_t ChildProcess::Reap(int options) {
-  int status = 0;
-  const pid_t reaped = waitpid(pid_, &status, options);
-  if (reaped > 0) {
-    ended_ = true;
-    status_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+// Reaps the child once it has ended, which `options` says whether to wait for. A child that cannot
+// be waited for is no longer there, and counts as ended.
+void ChildProcess::Reap(int options) {
+  if (ended_) return;
+  if (group_ == Group::Own) {
+    // Until the child is reaped, no other process or group can get its number.
+    const pid_t over = Ended(P_PID, pid_, options);
+    if (over == 0) return;
+    if (over > 0) Signal(SIGKILL);
   }
-  return reaped;
+  int status = 0;
+  const pid_t reaped = RetryInterrupted([&] { return waitpid(pid_, &status, options); });
+  if (reaped == 0) return;
+  ended_ = true;
+  if (reaped == -1) return;
+  wasKilled_ = WIFSIGNALED(status);
+  status_ = wasKilled_ ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
+
+pid_t EndedChild() { return std::max(Ended(P_ALL, 0, WNOHANG), 0); }
 
 }  // namespace hostsweep

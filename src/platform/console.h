@@ -8,11 +8,11 @@
 namespace hostsweep {
 
 // Writes the text and a line feed to standard output, without buffering and in one call where the
-// system takes the line whole. Ends the program by `Quit(0)` on a write error.
+// system takes the line whole. Calls `Quit(0)` on a write error.
 void Print(const Text& line);
 
-// Ends the program with the exit code, by raising the `EndException` that only the frame catches:
-// everything between the caller and the frame is released.
+// Ends the program with the exit code, by throwing the `EndException` that the frame catches:
+// everything between the caller and the frame is destroyed.
 [[noreturn]] void Quit(std::int64_t exitCode);
 
 }  // namespace hostsweep

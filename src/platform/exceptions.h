@@ -1,4 +1,5 @@
-// The exceptions of the system. In hostsweep itself only the frame catches them.
+// The exceptions by which the program's own operations fail or end it. The frame handles those that
+// escape the application's `Run`.
 #pragma once
 
 #include <cstdint>
@@ -6,13 +7,14 @@
 
 namespace hostsweep {
 
-// Base of every exception that is passed to the application's `UnhandledException`.
+// Base of these exceptions. One that escapes `Run`, unless it is an `EndException`, is passed to
+// the application's `UnhandledException`.
 class RuntimeException : public std::exception {};
 
 // An object that an operation needs is missing.
 class NilObjectException : public RuntimeException {};
 
-// The program is to end. Not an error: `Quit` raises it to leave `Run`.
+// The program is to end. Not an error: `Quit` throws it to leave `Run`.
 class EndException : public RuntimeException {
  public:
   explicit EndException(std::int64_t exitCode = 0) : exitCode_(exitCode) {}
@@ -22,11 +24,11 @@ class EndException : public RuntimeException {
   std::int64_t exitCode_;
 };
 
-// The thread is to end. In a program of one thread that is the end of the program, with exit code
-// 0.
+// The thread is to end: in a program of one thread, the program, with exit code 0. Part of the
+// application's interface; this program does not itself throw it.
 class ThreadEndException : public EndException {};
 
-// A command cannot be started: the system lacks descriptors, processes or the program itself.
+// The shell cannot be started: the system lacks descriptors, processes or the shell itself.
 class ShellNotAvailableException : public RuntimeException {};
 
 // The output of a running command cannot be read.

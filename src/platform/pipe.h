@@ -14,15 +14,15 @@ struct Pipe {
   Descriptor Writer;
 };
 
-// A new pipe. Raises `ShellNotAvailableException` if the system has none to give.
+// A new pipe. Throws `std::system_error` if the system has none to give.
 Pipe OpenPipe();
 
-// True if the descriptor can be read, or has reached its end, within the time, which is 0 or more.
-// Raises `ShellNotRunningException` if waiting fails.
-bool BecomesReadable(const Descriptor& reader, std::chrono::milliseconds time);
+// How an attempt to read ended: with data, at the end of the pipe, or because none came in time.
+enum class ReadResult { Data, End, Timeout };
 
-// Waits until the descriptor can be read, and appends all that a pipe holds then to `output`. False
-// at its end. Raises `ShellNotRunningException` if reading fails.
-bool ReadOnce(const Descriptor& reader, std::string& output);
+// Waits that long, 0 or more, until the pipe can be read, and then appends all that it holds to
+// `output`. Throws `std::system_error` if waiting or reading fails.
+ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
+                      std::string& output);
 
 }  // namespace hostsweep

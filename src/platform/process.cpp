@@ -12,9 +12,9 @@ namespace hostsweep {
 namespace {
 
 void KeepOtherDescriptorsFromChildren() {
-  const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir("/dev/fd"), closedir);
-  if (folder == nullptr) return;
-  while (const dirent* entry = readdir(folder.get())) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir("/dev/fd"), closedir);
+  if (directory == nullptr) return;
+  while (const dirent* entry = readdir(directory.get())) {
     const int number = std::atoi(entry->d_name);  // 0 for "." and ".."
     if (number > STDERR_FILENO) fcntl(number, F_SETFD, FD_CLOEXEC);
   }

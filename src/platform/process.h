@@ -7,8 +7,8 @@
 
 namespace hostsweep {
 
-// The signals that a failing write raises. `PrepareProcess` ignores them; programs that this one
-// starts get their default action back.
+// The signals by which a failing write terminates a program. `PrepareProcess` ignores them;
+// programs that this one starts get their default action back.
 constexpr std::array<int, 2> WriteSignals = {SIGPIPE, SIGXFSZ};
 
 // Opens the standard descriptors that are closed on /dev/null, so that no other file gets their
@@ -19,7 +19,7 @@ void OpenStandardDescriptors();
 // - `OpenStandardDescriptors`.
 // - Child processes do not inherit any other descriptor that /dev/fd lists.
 // - Writing to a pipe without a reader, or beyond the file size limit, returns an error instead of
-//   raising a signal.
+//   terminating the program.
 // - No signal is blocked, and the ends of child processes are not ignored.
 void PrepareProcess();
 

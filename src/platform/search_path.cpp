@@ -1,94 +1,93 @@
 #include "platform/search_path.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <optional>
 #include <utility>
-#include <vector>
+
+#include "platform/file.h"
 
 namespace hostsweep {
 namespace {
 
-constexpr std::array<const char*, 4> SystemFolders = {"/usr/bin", "/bin", "/usr/sbin", "/sbin"};
+constexpr std::array<const char*, 4> SystemDirectories = {"/usr/bin", "/bin", "/usr/sbin", "/sbin"};
 
-// What a path leads to, whatever its spelling and the links on the way; nothing if it does not
-// exist.
-using File = std::optional<std::pair<dev_t, ino_t>>;
-
-File FileAt(const std::string& path) {
-  struct stat status = {};
-  if (stat(path.c_str(), &status) != 0) return {};
-  return std::pair(status.st_dev, status.st_ino);
+std::string PathIn(const std::string& directory, const std::string& name) {
+  return directory.empty() ? "./" + name : directory + '/' + name;
 }
 
-bool Contains(const std::vector<File>& files, const File& file) {
-  return file && std::find(files.begin(), files.end(), file) != files.end();
-}
+struct Directory {
+  explicit Directory(std::string path)
+      : Path(std::move(path)), Target(IdentifyFile(PathIn(Path, "."))) {}
 
-bool IsProgram(const std::string& path) {
-  struct stat status = {};
-  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-         access(path.c_str(), X_OK) == 0;
-}
+  std::string Path;
+  std::optional<FileId> Target;
+};
 
-std::vector<std::string> Folders(std::string_view searchPath) {
-  std::vector<std::string> folders;
+using Directories = std::vector<Directory>;
+
+Directories Parse(std::string_view searchPath) {
+  Directories directories;
   for (std::size_t colon = 0; colon != std::string_view::npos;) {
     colon = searchPath.find(':');
-    folders.emplace_back(searchPath.substr(0, colon));
+    directories.emplace_back(std::string(searchPath.substr(0, colon)));
     searchPath.remove_prefix(colon == std::string_view::npos ? 0 : colon + 1);
   }
-  return folders;
+  return directories;
 }
 
-std::string Joined(const std::vector<std::string>& folders) {
-  std::string path = folders.front();
-  for (std::size_t i = 1; i < folders.size(); ++i) path += ':' + folders[i];
+std::string Join(const Directories& directories) {
+  std::string path = directories.front().Path;
+  for (std::size_t i = 1; i < directories.size(); ++i) path += ':' + directories[i].Path;
   return path;
 }
 
-std::string PathIn(const std::string& folder, const std::string& name) {
-  return folder.empty() ? "./" + name : folder + '/' + name;
+Directories::iterator Find(Directories& directories, const std::optional<FileId>& target) {
+  return std::find_if(directories.begin(), directories.end(), [&](const Directory& directory) {
+    return target && directory.Target == target;
+  });
+}
+
+void AddSystemDirectories(Directories& directories) {
+  for (const char* const path : SystemDirectories) {
+    if (Find(directories, IdentifyFile(path)) == directories.end()) directories.emplace_back(path);
+  }
+}
+
+// Puts the directory before the first of the system's, and takes it out of every other place.
+void Place(const Directory& tools, Directories& directories) {
+  std::erase_if(directories, [&](const Directory& directory) {
+    return tools.Target && directory.Target == tools.Target;
+  });
+  auto first = directories.end();
+  for (const char* const path : SystemDirectories) {
+    first = std::min(first, Find(directories, IdentifyFile(path)));
+  }
+  directories.insert(first, tools);
 }
 
 }  // namespace
 
-std::string SearchPath(std::string_view callersPath, std::string_view toolsFolder) {
-  std::vector<std::string> folders;
-  if (!callersPath.empty()) folders = Folders(callersPath);
-  std::vector<File> files;
-  files.reserve(folders.size());
-  for (const std::string& folder : folders) files.push_back(FileAt(PathIn(folder, ".")));
-  std::vector<File> systemFiles;
-  for (const char* const folder : SystemFolders) {
-    systemFiles.push_back(FileAt(folder));
-    if (Contains(files, systemFiles.back())) continue;
-    folders.emplace_back(folder);
-    files.push_back(systemFiles.back());
-  }
-  if (toolsFolder.empty()) return Joined(folders);
-  const auto first = std::find_if(files.begin(), files.end(),
-                                  [&](const File& file) { return Contains(systemFiles, file); });
-  folders.emplace(folders.begin() + (first - files.begin()), toolsFolder);
-  return Joined(folders);
+std::string CallersSearchPath() {
+  const char* const path = std::getenv("PATH");
+  return path == nullptr ? "" : path;
 }
 
-std::string NextProgram(std::string_view searchPath, const std::string& name,
-                        const std::string& self) {
-  const File running = FileAt(self);
-  std::string next;
-  for (const std::string& folder : Folders(searchPath)) {
-    const std::string path = PathIn(folder, name);
-    if (running && FileAt(path) == running) {
-      next.clear();
-    } else if (next.empty() && IsProgram(path)) {
-      next = path;
-    }
+std::string SearchPath(std::string_view callersPath, std::string_view toolsDirectory) {
+  Directories directories;
+  if (!callersPath.empty()) directories = Parse(callersPath);
+  AddSystemDirectories(directories);
+  if (!toolsDirectory.empty()) Place(Directory(std::string(toolsDirectory)), directories);
+  return Join(directories);
+}
+
+std::vector<std::string> PathsOf(std::string_view searchPath, const std::string& name) {
+  std::vector<std::string> paths;
+  for (const Directory& directory : Parse(searchPath)) {
+    paths.push_back(PathIn(directory.Path, name));
   }
-  return next;
+  return paths;
 }
 
 }  // namespace hostsweep

@@ -21,7 +21,7 @@ class Shell {
   // its standard input is empty. The exit status makes no difference. Processes that the command
   // leaves running are not waited for.
   //
-  // Raises `ShellNotAvailableException` if the shell cannot be started, and
+  // Throws `ShellNotAvailableException` if the shell cannot be started, and
   // `ShellNotRunningException` if its output cannot be read; `Result` is then unchanged.
   virtual void Execute(const Text& command);
 

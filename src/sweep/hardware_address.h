@@ -12,8 +12,8 @@ Text LookupHardwareAddress(Shell& shell, const Text& address);
 // The hardware address in the output of arp(8): normalised if it has six groups joined by ":", else
 // as printed. Empty if "no entry" or "(incomplete)" occurs anywhere in the output.
 //
-// It is the text between the first " at " and the next blank; empty if there is no such blank. In
-// an output without " at " it is the text from the fourth character to the next blank.
+// It is the text between the first " at " and the next space; empty if there is no such space. In
+// an output without " at " it is the text from the fourth character to the next space.
 Text ParseHardwareAddress(const Text& output);
 
 // The six groups of a token, which are joined by ":", in upper case and joined by "-", with "0" put

@@ -1,6 +1,7 @@
 #include "sweep/sweep_range.h"
 
 #include <limits>
+#include <optional>
 
 #include "app/app.h"
 #include "platform/console.h"
@@ -16,10 +17,26 @@ std::int64_t ToInteger(double value) {
   return fits ? static_cast<std::int64_t>(value) : std::numeric_limits<std::int64_t>::min();
 }
 
-void WaitStartDelay(const Text& argument) {
+void WaitStartDelay(const std::vector<Text>& arguments) {
   constexpr double DelayLimit = 20000.0;  // milliseconds; from here on there is no delay
-  const double delay = Val(argument);
+  if (arguments.size() < 5) return;
+  const double delay = Val(arguments[4]);
   if (delay < DelayLimit) App::Current().DoEvents(ToInteger(delay));
+}
+
+// The range that the arguments describe; nothing if they describe none.
+std::optional<SweepRange> ParseRange(const std::vector<Text>& arguments) {
+  constexpr std::int64_t HighestEnd = 256;
+  std::vector<Text> parts = Split(arguments[1], ".");
+  if (parts.size() != 4) return {};
+  SweepRange range;
+  range.FirstHost = ToInteger(Val(parts.back()));
+  parts.pop_back();
+  range.Prefix = Join(parts, ".");
+  range.HostCount = ToInteger(Val(arguments[2]));
+  range.LiveNamesOnly = arguments.size() > 3 && arguments[3] == "True";
+  if (range.HostCount < 1 || EndOf(range) > HighestEnd) return {};
+  return range;
 }
 
 }  // namespace
@@ -30,20 +47,11 @@ std::int64_t EndOf(const SweepRange& range) {
 }
 
 SweepRange ReadSweepRange(const std::vector<Text>& arguments) {
-  constexpr std::int64_t HighestEnd = 256;
-  SweepRange range;
   if (arguments.size() < 3) Quit(0);
-  if (arguments.size() > 3) range.LiveNamesOnly = arguments[3] == "True";
-  if (arguments.size() > 4) WaitStartDelay(arguments[4]);
-
-  std::vector<Text> parts = Split(arguments[1], ".");
-  if (parts.size() != 4) Quit(0);
-  range.FirstHost = ToInteger(Val(parts.back()));
-  parts.pop_back();
-  range.Prefix = Join(parts, ".");
-  range.HostCount = ToInteger(Val(arguments[2]));
-  if (range.HostCount < 1 || EndOf(range) > HighestEnd) Quit(0);
-  return range;
+  WaitStartDelay(arguments);
+  const std::optional<SweepRange> range = ParseRange(arguments);
+  if (!range) Quit(0);
+  return *range;
 }
 
 }  // namespace hostsweep

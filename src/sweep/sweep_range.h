@@ -23,8 +23,8 @@ std::int64_t EndOf(const SweepRange& range);
 
 // Reads the arguments: the program's path, the first address, the number of addresses, optionally
 // "True" for `LiveNamesOnly`, optionally a start delay in milliseconds; further ones are ignored. A
-// delay below 20000 is waited for, with `DoEvents`, before address and count are checked. Ends the
-// program by `Quit(0)` if the arguments are unusable.
+// delay below 20000 is waited for, with `DoEvents`, before address and count are checked. Calls
+// `Quit(0)` if the arguments are unusable.
 SweepRange ReadSweepRange(const std::vector<Text>& arguments);
 
 }  // namespace hostsweep

@@ -1,25 +1,17 @@
-// What the operating system's own interfaces say about an address's entry in the ARP cache.
+// The parts of Arp that differ between operating systems: reading the ARP cache, and recognising
+// other programs of the name.
 #pragma once
 
-#include <optional>
 #include <string>
 
 namespace hostsweep {
 
-// A complete entry has a hardware address. In an incomplete one it is empty: the address has been
-// asked for, and nothing has answered.
-struct ArpEntry {
-  std::string HardwareAddress;  // groups of two hexadecimal digits joined by ":"
-  std::string Device;
-  bool IsPermanent = false;
-};
+// The Arp after the running one on its search path, if that is a program of the caller's own and
+// not the system's arp under another spelling of its name; empty if there is none.
+std::string OtherArp();
 
-// True if the interfaces are there. Where they are not, arp(8) has to be asked.
-bool CanReadArpCache();
-
-// The entry for an IPv4 address: a complete one if there is one, else an incomplete one, else
-// nothing. An address of this machine itself has a permanent entry with its device's hardware
-// address, unless that device is a loopback, a tunnel, or has no hardware address.
-std::optional<ArpEntry> FindArpEntry(const std::string& address);
+// Prints the entry for an IPv4 address in the words of arp(8) on macOS, or has arp(8) print it.
+// Returns the exit status: 0, or 1 if there is no entry or it cannot be printed.
+int PrintArpEntry(const std::string& address);
 
 }  // namespace hostsweep

@@ -1,48 +1,26 @@
-// Linux: the kernel's ARP cache as a file, and its list of devices.
+// Linux: the kernel's ARP cache, and its list of devices, whose own addresses are not in the cache.
 #include <arpa/inet.h>
 #include <ifaddrs.h>
 #include <net/if.h>
-#include <net/if_arp.h>
 #include <netinet/in.h>
 #include <netpacket/packet.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 #include "tools/arp_cache.h"
+#include "tools/neighbour.h"
+#include "tools/tool.h"
 
 namespace hostsweep {
 namespace {
-
-constexpr const char* CacheFile = "/proc/net/arp";
-
-// The first complete entry for the address, or else the last incomplete one: an address can have
-// one on each device.
-std::optional<ArpEntry> FindInCacheFile(const std::string& address) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(CacheFile, "re"),
-                                                             std::fclose);
-  std::optional<ArpEntry> found;
-  if (file == nullptr) return found;
-  std::array<char, 256> line{};
-  while (std::fgets(line.data(), line.size(), file.get()) != nullptr) {
-    // Columns, from proc(5): address, hardware type, flags, hardware address, mask, device.
-    std::array<char, 16> entryAddress{};
-    std::array<char, 64> hardwareAddress{};
-    std::array<char, 64> device{};
-    unsigned int flags = 0;
-    const int columns = std::sscanf(line.data(), "%15s %*s %x %63s %*s %63s", entryAddress.data(),
-                                    &flags, hardwareAddress.data(), device.data());
-    if (columns != 4 || address != entryAddress.data()) continue;
-    const bool isComplete = (flags & ATF_COM) != 0;
-    found = ArpEntry{isComplete ? hardwareAddress.data() : "", device.data()};
-    if (isComplete) return found;
-  }
-  return found;
-}
 
 std::string AddressOf(const ifaddrs& device) {
   sockaddr_in address{};
@@ -52,16 +30,11 @@ std::string AddressOf(const ifaddrs& device) {
   return text.data();
 }
 
+// The C library makes room for a hardware address that is longer than the member for it.
 std::string HardwareAddressOf(const ifaddrs& device) {
-  sockaddr_ll address{};
-  std::memcpy(&address, device.ifa_addr, sizeof address);
-  std::string text;
-  for (std::size_t i = 0; i < address.sll_halen && i < sizeof address.sll_addr; ++i) {
-    std::array<char, 4> group{};
-    std::snprintf(group.data(), group.size(), ":%02x", address.sll_addr[i]);
-    text += group.data();
-  }
-  return text.empty() ? text : text.substr(1);
+  const auto* const bytes = reinterpret_cast<const unsigned char*>(device.ifa_addr);
+  return FormatHardwareAddress(bytes + offsetof(sockaddr_ll, sll_addr),
+                               bytes[offsetof(sockaddr_ll, sll_halen)]);
 }
 
 bool IsOfFamily(const ifaddrs& device, int family) {
@@ -74,7 +47,9 @@ std::string NameOf(const ifaddrs& device) {
   return name.substr(0, name.find(':'));
 }
 
-std::optional<ArpEntry> FindInDevices(const std::string& address) {
+// The entry for an address of this machine itself: permanent, with its device's hardware address;
+// none if that device is a loopback, a tunnel, or has no hardware address.
+std::optional<ArpEntry> FindOwn(const std::string& address) {
   ifaddrs* list = nullptr;
   if (getifaddrs(&list) != 0) return {};
   const std::unique_ptr<ifaddrs, void (*)(ifaddrs*)> devices(list, freeifaddrs);
@@ -90,15 +65,34 @@ std::optional<ArpEntry> FindInDevices(const std::string& address) {
   return {};
 }
 
+std::optional<ArpEntry> Find(const std::string& address) {
+  std::optional<ArpEntry> cached = FindNeighbour(address);
+  if (cached && !cached->HardwareAddress.empty()) return cached;
+  const std::optional<ArpEntry> own = FindOwn(address);
+  return own ? own : cached;
+}
+
+// The three forms of arp(8)'s answer. A device may be called "(incomplete)", which would tell a
+// reader that the entry is.
+std::string Describe(const std::string& address, const std::optional<ArpEntry>& entry) {
+  if (!entry) return address + " (" + address + ") -- no entry";
+  const std::string& hardwareAddress = entry->HardwareAddress;
+  std::string device = entry->Device;
+  std::replace(device.begin(), device.end(), '(', '[');
+  return "? (" + address + ") at " + (hardwareAddress.empty() ? "(incomplete)" : hardwareAddress) +
+         " on " + device + (entry->IsPermanent ? " permanent" : "");
+}
+
 }  // namespace
 
-bool CanReadArpCache() { return access(CacheFile, R_OK) == 0; }
+std::string OtherArp() { return ProgramBehind("Arp"); }
 
-std::optional<ArpEntry> FindArpEntry(const std::string& address) {
-  std::optional<ArpEntry> cached = FindInCacheFile(address);
-  if (cached && !cached->HardwareAddress.empty()) return cached;
-  const std::optional<ArpEntry> own = FindInDevices(address);
-  return own ? own : cached;
+int PrintArpEntry(const std::string& address) {
+  const std::optional<ArpEntry> entry = Find(address);
+  if (std::puts(Describe(address, entry).c_str()) < 0 || std::fflush(stdout) != 0) {
+    return Fail("Arp", std::string("standard output: ") + std::strerror(errno), 1);
+  }
+  return entry ? 0 : 1;
 }
 
 }  // namespace hostsweep

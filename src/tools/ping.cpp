@@ -1,40 +1,50 @@
-// ping ARGUMENTS: runs the next ping on the search path, and ends it after one second. Only on
+// ping ARGUMENTS: runs the next ping on the search path, and kills it after one second. Only on
 // macOS is -t a time limit; elsewhere a ping without an answer can take ten seconds.
-#include <fcntl.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's signals, not all in <csignal>
 
 #include <chrono>
 #include <string>
+#include <system_error>
 #include <vector>
 
+#include "platform/caught_signals.h"
 #include "platform/child_process.h"
-#include "platform/exceptions.h"
-#include "platform/pipe.h"
 #include "tools/tool.h"
 
 namespace hostsweep {
 namespace {
 
-// Returns the exit status. The child holds one end of a pipe for as long as it runs, so the other
-// end becomes readable when it ends. It stays in this program's process group, so an interrupt from
+using Clock = std::chrono::steady_clock;
+
+// Returns when the child has ended, or at that time.
+void AwaitEnd(ChildProcess& child, const CaughtSignals& signals, Clock::time_point time) {
+  std::string data;
+  while (!child.HasEnded()) {
+    const auto rest = std::chrono::ceil<std::chrono::milliseconds>(time - Clock::now());
+    if (rest.count() <= 0) return;
+    ReadWithin(rest, signals.Reader(), data);
+  }
+}
+
+// Returns the exit status. The child stays in this program's process group, so an interrupt from
 // the terminal reaches both.
 int RunForOneSecond(const std::vector<std::string>& command) {
-  Pipe lifetime = OpenPipe();
-  fcntl(lifetime.Writer.Number(), F_SETFD, 0);  // the child inherits it
-  ChildProcess child = ChildProcess::Sharing(command);
-  lifetime.Writer.Close();
-  if (!BecomesReadable(lifetime.Reader, std::chrono::seconds(1))) child.Kill();
+  const CaughtSignals signals({SIGCHLD});
+  ChildProcess child = ChildProcess::StartInheriting(command);
+  AwaitEnd(child, signals, Clock::now() + std::chrono::seconds(1));
+  child.Signal(SIGKILL);
   return child.Wait();
 }
 
 int Run(const std::vector<std::string>& arguments) {
-  const std::string ping = NextProgram("ping");
-  if (ping.empty()) return Fail("ping", "not found", NotFound);
+  const std::string ping = ProgramBehind("ping");
+  if (ping.empty()) return Fail("ping", "not found", ExitNotFound);
   std::vector<std::string> command = {ping};
   command.insert(command.end(), arguments.begin(), arguments.end());
   try {
     return RunForOneSecond(command);
-  } catch (const RuntimeException&) {
-    return Fail("ping", ping + " cannot be run", CannotRun);
+  } catch (const std::system_error& error) {
+    return Fail("ping", ping + ": " + error.code().message(), ExitCannotRun);
   }
 }
 

@@ -1,49 +1,28 @@
-// What the tools have in common: finding the program that they stand in for, and failing as the
-// shell does.
+// The common parts of the tools: their `main`, the program that each stands in for, and failing as
+// the shell does.
 #pragma once
 
-#include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
-
-#include "platform/process.h"
-#include "platform/program_path.h"
-#include "platform/search_path.h"
 
 namespace hostsweep {
 
 // Exit statuses of sh(1) for a program that cannot be run, and for one that is not found.
-constexpr int CannotRun = 126;
-constexpr int NotFound = 127;
+constexpr int ExitCannotRun = 126;
+constexpr int ExitNotFound = 127;
 
-// The next program of this name after the running tool on its search path; empty if there is none,
-// or if the tool's own path is unknown.
-inline std::string NextProgram(const std::string& name) {
-  const std::string self = ProgramPath();
-  if (self.empty()) return {};  // it could find itself
-  const char* const path = std::getenv("PATH");
-  return NextProgram(SearchPath(path == nullptr ? "" : path, ""), name, self);
-}
+// The next program of this name after the running tool, on the search path that it was given and in
+// the system's directories; empty if there is none.
+std::string ProgramBehind(const std::string& name);
 
-// Says on standard error why the tool fails. Returns the status.
-inline int Fail(const std::string& tool, const std::string& reason, int status) {
-  std::fprintf(stderr, "%s: %s\n", tool.c_str(), reason.c_str());
-  return status;
-}
+// Runs the program in place of this one. Returns, with a status, only if that fails.
+int Become(const std::string& program, std::vector<std::string> arguments);
+
+// Says on standard error that the subject fails, and why. Returns the status.
+int Fail(const std::string& subject, const std::string& reason, int status);
 
 // A tool's `main`: the status that `run` returns for the arguments, which lack the tool's own name.
-inline int RunTool(int (*run)(const std::vector<std::string>&), int argumentCount,
-                   char** arguments) {
-  OpenStandardDescriptors();
-  try {
-    return run(std::vector<std::string>(arguments + std::min(argumentCount, 1),
-                                        arguments + argumentCount));
-  } catch (...) {
-    std::fputs("out of memory\n", stderr);
-    return 1;
-  }
-}
+// If it throws, says on standard error what, and returns 1.
+int RunTool(int (*run)(const std::vector<std::string>&), int argumentCount, char** arguments);
 
 }  // namespace hostsweep

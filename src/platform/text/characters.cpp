@@ -40,7 +40,7 @@ std::size_t CharacterSize(std::string_view bytes) {
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return UpperCase(a) == UpperCase(b); });
+                    [](char a, char b) { return AsciiUpper(a) == AsciiUpper(b); });
 }
 
 }  // namespace hostsweep

@@ -12,7 +12,7 @@ namespace hostsweep {
 std::size_t CharacterSize(std::string_view bytes);
 
 // "A" to "Z" for "a" to "z"; any other byte unchanged, so that longer characters stay whole.
-constexpr char UpperCase(char byte) {
+constexpr char AsciiUpper(char byte) {
   return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
 }
 

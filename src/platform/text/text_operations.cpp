@@ -11,8 +11,6 @@
 namespace hostsweep {
 namespace {
 
-constexpr std::size_t NotFound = std::string_view::npos;
-
 std::int64_t CountCharacters(std::string_view bytes) {
   std::int64_t count = 0;
   for (; !bytes.empty(); ++count) bytes.remove_prefix(CharacterSize(bytes));
@@ -40,13 +38,13 @@ bool BeginsWith(std::string_view source, std::string_view find) {
 
 // Byte offset of the first `find` at or after `from`, at which a character must begin.
 std::size_t Find(std::string_view source, std::string_view find, std::size_t from) {
-  if (find.empty()) return NotFound;
+  if (find.empty()) return std::string_view::npos;
   while (from < source.size()) {
     const std::string_view rest = source.substr(from);
     if (BeginsWith(rest, find)) return from;
     from += CharacterSize(rest);
   }
-  return NotFound;
+  return std::string_view::npos;
 }
 
 }  // namespace
@@ -69,7 +67,7 @@ Text Mid(const Text& text, std::int64_t start) {
 std::int64_t InStr(std::int64_t start, const Text& source, const Text& find) {
   const std::string_view bytes = source.Bytes();
   const std::size_t found = Find(bytes, find.Bytes(), OffsetOf(bytes, start));
-  return found == NotFound ? 0 : CountCharacters(bytes.substr(0, found)) + 1;
+  return found == std::string_view::npos ? 0 : CountCharacters(bytes.substr(0, found)) + 1;
 }
 
 Text Trim(const Text& text) {
@@ -82,7 +80,7 @@ Text Trim(const Text& text) {
 
 Text Uppercase(const Text& text) {
   std::string bytes = text.Bytes();
-  std::transform(bytes.begin(), bytes.end(), bytes.begin(), UpperCase);
+  std::transform(bytes.begin(), bytes.end(), bytes.begin(), AsciiUpper);
   return bytes;
 }
 
@@ -90,7 +88,7 @@ std::int64_t CountFields(const Text& source, const Text& separator) {
   const std::string& bytes = source.Bytes();
   const std::string& mark = separator.Bytes();
   std::int64_t count = 1;
-  for (std::size_t at = Find(bytes, mark, 0); at != NotFound;
+  for (std::size_t at = Find(bytes, mark, 0); at != std::string_view::npos;
        at = Find(bytes, mark, at + mark.size())) {
     ++count;
   }
@@ -102,7 +100,8 @@ std::vector<Text> Split(const Text& source, const Text& separator) {
   const std::string& mark = separator.Bytes();
   std::vector<Text> fields;
   std::size_t begin = 0;
-  for (std::size_t at = Find(bytes, mark, 0); at != NotFound; at = Find(bytes, mark, begin)) {
+  for (std::size_t at = Find(bytes, mark, 0); at != std::string_view::npos;
+       at = Find(bytes, mark, begin)) {
     fields.emplace_back(bytes.substr(begin, at - begin));
     begin = at + mark.size();
   }
@@ -124,7 +123,8 @@ Text Str(std::int64_t value) { return std::to_string(value); }
 double Val(const Text& text) {
   constexpr const char* Digits = "0123456789";
   const std::string& bytes = text.Bytes();
-  const std::size_t first = bytes.find_first_of("+-") == 0 ? 1 : 0;
+  const bool hasSign = !bytes.empty() && (bytes[0] == '+' || bytes[0] == '-');
+  const std::size_t first = hasSign ? 1 : 0;
   std::size_t end = std::min(bytes.find_first_not_of(Digits, first), bytes.size());
   if (end == first) return 0;
   if (end < bytes.size() && bytes[end] == '.') end = bytes.find_first_not_of(Digits, end + 1);

@@ -26,7 +26,7 @@ Text Mid(const Text& text, std::int64_t start);
 // start of 0 or less counts as 1. An empty `find` is never found.
 std::int64_t InStr(std::int64_t start, const Text& source, const Text& find);
 
-// The text without the blanks, tabs, carriage returns and line feeds at its two ends.
+// The text without the spaces, tabs, carriage returns and line feeds at its two ends.
 Text Trim(const Text& text);
 
 // The text with "a" to "z" replaced by "A" to "Z"; everything else is unchanged.
@@ -47,9 +47,8 @@ Text Str(std::int64_t value);
 
 // The decimal number at the beginning of the text, as the nearest double: an optional sign, digits,
 // and optionally "." and more digits. The rest of the text is ignored. 0 if the text does not begin
-// with such a number; plus or minus infinity if it is too
-// large. Leading blanks, exponents, other radixes and
-// words such as "inf" are not read.
+// with such a number; plus or minus infinity if it is too large. Leading white space, exponents,
+// other radixes and words such as "inf" are not read.
 double Val(const Text& text);
 
 }  // namespace hostsweep

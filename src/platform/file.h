@@ -1,0 +1,21 @@
+// Files and directories by what they are, however their paths are spelled.
+#pragma once
+
+#include <sys/types.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace hostsweep {
+
+// Identifies the file or directory that a path leads to: device and serial number.
+using FileId = std::pair<dev_t, ino_t>;
+
+// That of this path, with all links followed; nothing if it leads to nothing.
+std::optional<FileId> IdentifyFile(const std::string& path);
+
+// True if the path leads to a regular file that this process may execute.
+bool IsProgram(const std::string& path);
+
+}  // namespace hostsweep
