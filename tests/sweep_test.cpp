@@ -126,8 +126,8 @@ TEST(DecideName, TellsWhatIsKnown) {
       {{"10.0.0.7", "10.0.0.7", ""}, "", ""},
       {{"10.0.0.7", "", "01-02"}, "", ""}};
   for (const auto& [record, name, liveName] : rows) {
-    EXPECT_EQ(DecideName(record, false).Bytes(), name) << FormatReportLine(record).Bytes();
-    EXPECT_EQ(DecideName(record, true).Bytes(), liveName) << FormatReportLine(record).Bytes();
+    EXPECT_EQ(DecideName(record, false).Bytes(), name) << record.Name.Bytes();
+    EXPECT_EQ(DecideName(record, true).Bytes(), liveName) << record.Name.Bytes();
   }
 }
 

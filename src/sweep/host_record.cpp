@@ -9,8 +9,8 @@ Text DecideName(const HostRecord& record, bool liveNamesOnly) {
   return record.Name;
 }
 
-Text FormatReportLine(const HostRecord& record) {
-  return record.Address + "=" + record.Name + "=" + record.HardwareAddress;
+Text FormatReportLine(const HostRecord& record, bool liveNamesOnly) {
+  return record.Address + "=" + DecideName(record, liveNamesOnly) + "=" + record.HardwareAddress;
 }
 
 }  // namespace hostsweep

@@ -30,8 +30,7 @@ void SweepHost(std::int64_t hostNumber, const SweepRange& range, Shell& shell) {
   ProbeAddress(shell, record.Address);
   record.Name = LookupHostName(shell, record.Address);
   record.HardwareAddress = LookupHardwareAddress(shell, record.Address);
-  record.Name = DecideName(record, range.LiveNamesOnly);
-  Print(FormatReportLine(record));
+  Print(FormatReportLine(record, range.LiveNamesOnly));
   App::Current().DoEvents(PauseMilliseconds);
 }
 
