@@ -1,0 +1,77 @@
+// src/network/: arguments, formats, makers and the answers of name servers.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "network/address.h"
+#include "network/network.h"
+#include "network/printable.h"
+#include "network/usage_error.h"
+
+namespace hostsweep {
+namespace {
+
+constexpr const char* NoNetwork =
+    ": not a network like 192.168.1, 192.168.1.0/24, 192.168.1.7 or 192.168.1.20-192.168.1.90";
+
+// The result of the work as text, or what it throws.
+template <typename Work>
+std::string Outcome(Work work) {
+  try {
+    return work();
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+}
+
+std::string Described(const Network& network) {
+  return network.Name + " " + FormatAddress(network.First) + " " + FormatAddress(network.Last) +
+         " " + std::to_string(CountAddresses(network));
+}
+
+TEST(ParseNetwork, AcceptsFourFormsAndSaysWhatIsWrong) {
+  const auto parsed = [](const std::string& argument) {
+    return Outcome([&] { return Described(ParseNetwork(argument)); });
+  };
+  const std::pair<std::string, std::string> rows[] = {
+      {"192.168.1", " 192.168.1.1 192.168.1.254 254"},
+      {"10.50.1.9/22", " 10.50.0.1 10.50.3.254 1022"},
+      {"255.255.9.9/16", " 255.255.0.1 255.255.255.254 65534"},
+      {"10.0.0.7/30", " 10.0.0.5 10.0.0.6 2"},
+      {"10.0.0.7/31", " 10.0.0.6 10.0.0.7 2"},
+      {"255.255.255.255/32", " 255.255.255.255 255.255.255.255 1"},
+      {"10.0.0.255-10.0.1.0", " 10.0.0.255 10.0.1.0 2"},
+      {"10.0.0.7-10.0.0.7", " 10.0.0.7 10.0.0.7 1"},
+      {"10.0.0.1-10.1.0.0", " 10.0.0.1 10.1.0.0 65536"},
+      {"10.0.0.1-10.1.0.1", ": a range can have at most 65536 addresses"},
+      {"10.0.0.9-10.0.0.8", ": the range ends before it begins"}};
+  for (const auto& [argument, result] : rows) EXPECT_EQ(parsed(argument), argument + result);
+  for (const char* const end : {"15", "33", "4294967320" /* 24 in 32 bits */, "024", "", "24/24"}) {
+    const std::string argument = std::string("10.0.0.0/") + end;
+    EXPECT_EQ(parsed(argument), argument + ": the prefix length must be from 16 to 32");
+  }
+  for (const std::string argument :
+       {"10.0.0/24", "10.0.0.1-9", "10.0.0.1-10.0.0.2-10.0.0.3", "256.0.0.1", "10.00.0.1",
+        "10..0.1", "10.0.0.1.", "10.0.0. 1", "10.0.0.1\n", "10.0"}) {
+    EXPECT_EQ(parsed(argument), Printable(argument) + NoNetwork);
+  }
+  EXPECT_EQ(parsed(""), std::string("\"\"") + NoNetwork);
+  EXPECT_EQ(Described(NetworkOf(0x0A3201FF, 22)), "10.50.0.0/22 10.50.0.1 10.50.3.254 1022");
+}
+
+TEST(Printable, ReplacesWhatCouldSteerATerminal) {
+  const std::pair<std::string, std::string> rows[] = {
+      {" ~\u00A0\u20AC\U0001F600", " ~\u00A0\u20AC\U0001F600"},
+      {std::string("\0\x1B[31m\x1F\x7F", 8), "??[31m??"},
+      {"\u0080\u009B\u009F", "???"},      // C1 in UTF-8
+      {"\x9B\xC2\xE2\x82\xF4", "?????"},  // and as a byte; beginnings of characters
+      {"\u200D\u200E\u200F\u2010\u061B\u061C\u2027\u2028\u202E\u202F",
+       "\u200D??\u2010\u061B?\u2027??\u202F"},
+      {"\u2065\u2066\u2069\u206A", "\u2065??\u206A"}};
+  for (const auto& [text, printable] : rows) EXPECT_EQ(Printable(text), printable);
+}
+
+}  // namespace
+}  // namespace hostsweep
