@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include "network/address.h"
+#include "network/finding.h"
 #include "network/network.h"
 #include "network/printable.h"
 #include "network/usage_error.h"
@@ -71,6 +73,23 @@ TEST(Printable, ReplacesWhatCouldSteerATerminal) {
        "\u200D??\u2010\u061B?\u2027??\u202F"},
       {"\u2065\u2066\u2069\u206A", "\u2065??\u206A"}};
   for (const auto& [text, printable] : rows) EXPECT_EQ(Printable(text), printable);
+}
+
+TEST(MakeFinding, TellsUpFreeAndUnknownApart) {
+  const std::tuple<HostRecord, bool, const char*, const char*> rows[] = {
+      {{"10.0.0.7", "a\nb", "01-02"}, false, "10.0.0.7=a b=01-02", "a b/name/up"},
+      {{"10.0.0.7", "10.0.0.7", "01-02"}, true, "10.0.0.7=[Unknown Device]=01-02", "/up"},
+      {{"10.0.0.7", "10.0.0.7", ""}, true, "10.0.0.7==", "/free"},
+      {{"10.0.0.7", "10.0.0.7", ""}, false, "10.0.0.7==", ""},
+      {{"10.0.0.7", "", ""}, true, "10.0.0.7==", "/name"}};
+  for (const auto& [record, isComplete, line, facts] : rows) {
+    const Finding finding = MakeFinding(0x0A000007, record, isComplete);
+    EXPECT_EQ(finding.Line, line);
+    EXPECT_EQ(finding.Name + (finding.HasName ? "/name" : "") +
+                  (IsSelected(finding, Selection::Up) ? "/up" : "") +
+                  (IsSelected(finding, Selection::Free) ? "/free" : ""),
+              facts);
+  }
 }
 
 }  // namespace
