@@ -2,12 +2,16 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "network/address.h"
 #include "network/finding.h"
+#include "network/makers.h"
 #include "network/network.h"
 #include "network/printable.h"
 #include "network/usage_error.h"
@@ -90,6 +94,56 @@ TEST(MakeFinding, TellsUpFreeAndUnknownApart) {
                   (IsSelected(finding, Selection::Free) ? "/free" : ""),
               facts);
   }
+}
+
+// A directory of lists that ends with its owner.
+class Lists {
+ public:
+  Lists() { std::filesystem::remove_all(root_); }
+  ~Lists() { std::filesystem::remove_all(root_); }
+  Lists(const Lists&) = delete;
+  Lists& operator=(const Lists&) = delete;
+
+  void Write(const std::string& path, const std::string& content) const {
+    const std::filesystem::path file = root_ + path;
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << content;
+  }
+  [[nodiscard]] Makers Open() const { return Makers(root_); }
+
+ private:
+  std::string root_ = testing::TempDir() + "hostsweep_lists";
+};
+
+TEST(Makers, TakesTheSmallestBlockOfTheFirstList) {
+  const Lists lists;
+  const auto makers = [&](const std::vector<std::string>& addresses) {
+    Makers known = lists.Open();
+    std::string text;
+    for (const std::string& address : addresses) text += known.MakerOf(address) + "|";
+    return text;
+  };
+  const std::vector<std::string> addresses = {
+      "00-1A-2B-3C-4D-5E", "00-1A-2C-DF-FF-FF", "00-1A-2C-E0-00-00", "00-1A-2D-12-3F-FF",
+      "00-1A-2D-12-40-00", "00-1A-2E-00-00-00", "02-1A-2B-3C-4D-5E"};
+  EXPECT_EQ(makers(addresses), "||||||(locally administered)|");
+  lists.Write("/opt/homebrew/share/nmap/nmap-mac-prefixes",
+              "# 24\n001A2D123 N 36\r\n001A2CD N 28\n001A2B N\n");
+  EXPECT_EQ(makers(addresses), "N|N 28||N 36|||(locally administered)|");
+  lists.Write("/usr/share/hwdata/oui.txt", "OUI (x)\n001A2E     (base 16)\t\tH\n");
+  EXPECT_EQ(makers(addresses), "|||||H|(locally administered)|");
+  lists.Write("/usr/share/ieee-data/oui36.txt",
+              "00-1A-2D   (hex)\t\tI 36\r\n123000-123FFF     (base 16)\t\tI 36\r\n");
+  lists.Write("/usr/share/ieee-data/mam.txt",
+              "00-1A-2C   (hex)\t\tI 28\r\nD00000-DFFFFF     (base 16)\t\tI 28\r\n");
+  lists.Write("/usr/share/ieee-data/oui.txt",
+              "00-1A-2B   (hex)\t\tI (x)\r\n001A2B     (base 16)\t\tI (x) \r\n\r\n" +
+                  std::string(600, 'x') + "\r\n001A2C     (base 16)\t\tIEEE\r\n" +
+                  "001A2C     (base 16)\t\tAgain\r\n001A2D     (base 16)\t\t\u00C9t\u00E9");
+  EXPECT_EQ(makers(addresses), "I (x)|I 28|IEEE|I 36|\u00C9t\u00E9||(locally administered)|");
+  EXPECT_EQ(makers({"", "00-1A-2B-3C-4D", "00:1A:2B:3C:4D:5E", "00-1A-2B-3C-4D-5G",
+                    "00-1A-2B-3C-4D-5E-6F"}),
+            "|||||");
 }
 
 }  // namespace
