@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -11,6 +12,7 @@
 
 #include "network/address.h"
 #include "network/finding.h"
+#include "network/format.h"
 #include "network/makers.h"
 #include "network/network.h"
 #include "network/printable.h"
@@ -144,6 +146,94 @@ TEST(Makers, TakesTheSmallestBlockOfTheFirstList) {
   EXPECT_EQ(makers({"", "00-1A-2B-3C-4D", "00:1A:2B:3C:4D:5E", "00-1A-2B-3C-4D-5G",
                     "00-1A-2B-3C-4D-5E-6F"}),
             "|||||");
+}
+
+// A finding whose line is of no interest.
+Finding Found(std::uint32_t host, const char* name, const char* hardwareAddress) {
+  Finding finding = MakeFinding(host, {"", name, hardwareAddress}, true);
+  finding.Line = finding.Name + "=" + finding.HardwareAddress;
+  return finding;
+}
+
+std::string Report(Format format, const Layout& layout, const std::vector<Finding>& findings) {
+  const Lists lists;
+  lists.Write("/usr/share/nmap/nmap-mac-prefixes",
+              "001A2B Maker, \"of\" long nam\u00C9s etc.\n001A2C \u00C9\n");
+  Makers makers = lists.Open();
+  const std::unique_ptr<Formatter> formatter = MakeFormatter(format, layout, makers);
+  std::string text = formatter->Begin();
+  for (const Finding& finding : findings) text += formatter->Add(finding);
+  return text + formatter->End();
+}
+
+TEST(Formatter, WritesHostileNamesSafely) {
+  const std::vector<Finding> findings = {Found(1, "a,\"\\\x1B\u202E\xE2\x82", "00-1A-2B-3C-4D-5E"),
+                                         Found(2, "=1+1", "00-1A-2C-00-00-00"), Found(4, "", ""),
+                                         Found(255, "\t\x9B", "0:1")};
+  const auto report = [&](Format format, bool isForTerminal) {
+    return Report(format, {Selection::All, isForTerminal, 32}, findings);
+  };
+  EXPECT_EQ(report(Format::Lines, false),
+            "a,\"\\\x1B\u202E\xE2\x82=00-1A-2B-3C-4D-5E\n=1+1=00-1A-2C-00-00-00\n=\n\t\x9B=0:1\n");
+  EXPECT_EQ(report(Format::Lines, true),
+            "a,\"\\???\?=00-1A-2B-3C-4D-5E\n=1+1=00-1A-2C-00-00-00\n=\n?\?=0:1\n");
+  EXPECT_EQ(report(Format::Table, false),
+            "ADDRESS          HARDWARE ADDRESS   MAKER                   NAME\n"
+            "0.0.0.1          00-1A-2B-3C-4D-5E  Maker, \"of\" long nam\u00C9s  a,\"\\????\n"
+            "0.0.0.2          00-1A-2C-00-00-00  \u00C9                       =1+1\n"
+            "0.0.0.255        0:1                                        ??\n");
+  EXPECT_EQ(report(Format::Csv, false),
+            "address,name,hardware_address,maker\r\n"
+            "0.0.0.1,\"a,\"\"\\\x1B\u202E\xE2\x82\",00-1A-2B-3C-4D-5E,"
+            "\"Maker, \"\"of\"\" long nam\u00C9s etc.\"\r\n"
+            "0.0.0.2,'=1+1,00-1A-2C-00-00-00,\u00C9\r\n0.0.0.4,,,\r\n0.0.0.255,'\t\x9B,0:1,\r\n");
+  EXPECT_NE(report(Format::Csv, true).find("\n0.0.0.255,??,"), std::string::npos);
+  EXPECT_EQ(report(Format::Json, false),
+            R"({"address":"0.0.0.1","name":"a,\"\\\u001b\u202e)"
+            "\uFFFD\uFFFD"
+            R"(","hardware_address":"00-1A-2B-3C-4D-5E","maker":"Maker, \"of\" long nam)"
+            "\u00C9s etc.\"}\n"
+            R"({"address":"0.0.0.2","name":"=1+1","hardware_address":"00-1A-2C-00-00-00","maker":")"
+            "\u00C9\"}\n"
+            R"({"address":"0.0.0.4","name":null,"hardware_address":null,"maker":null})"
+            "\n"
+            R"({"address":"0.0.0.255","name":"\u0009)"
+            "\uFFFD\",\"hardware_address\":\"0:1\",\"maker\":null}\n");
+}
+
+TEST(Formatter, ReportsWhatIsSelected) {
+  const std::vector<Finding> findings = {Found(30, "", ""), Found(31, "n", ""),
+                                         Found(32, "n", "02-00-00-00-00-00")};
+  const std::tuple<Format, Selection, const char*> rows[] = {
+      {Format::Lines, Selection::Up, "n=02-00-00-00-00-00\n"},
+      {Format::Lines, Selection::Free, "=\n"},
+      {Format::Csv, Selection::Free, "address,name,hardware_address,maker\r\n0.0.0.30,,,\r\n"},
+      {Format::Json, Selection::Free,
+       R"({"address":"0.0.0.30","name":null,"hardware_address":null,"maker":null})"
+       "\n"},
+      {Format::Table, Selection::Free,
+       "ADDRESS          HARDWARE ADDRESS   MAKER                   NAME\n0.0.0.30\n"},
+      {Format::Map, Selection::Free,
+       "0.0.0.30                                      . \n0.0.0.32         \n"}};
+  for (const auto& [format, selection, text] : rows) {
+    EXPECT_EQ(Report(format, {selection, false, 32}, findings), text);
+  }
+}
+
+TEST(Formatter, DrawsAMapInAlignedRows) {
+  std::vector<Finding> findings = {Found(61, "n", ""),  Found(62, "", ""), Found(63, "", ""),
+                                   Found(64, "n", "x"), Found(66, "", ""), Found(66, "", "")};
+  findings[2].IsComplete = false;
+  const std::string indent(29, ' ');
+  const std::string rest = "0.0.0.66          .\n0.0.0.66          .\n";
+  EXPECT_EQ(Report(Format::Map, {}, findings),
+            "0.0.0.61        " + indent + "+.?\n0.0.0.64        #\n" + rest);
+  EXPECT_EQ(Report(Format::Map, {Selection::All, true, 64}, findings),
+            "0.0.0.61        " + std::string(32, ' ') + indent + "+.?\n0.0.0.64        #\n" + rest);
+  Makers makers;
+  const std::unique_ptr<Formatter> map = MakeFormatter(Format::Map, {}, makers);
+  EXPECT_EQ(map->Add(findings[1]), "");
+  EXPECT_EQ(map->Add(findings[2]), "0.0.0.62        " + indent + " .?\n");  // complete: at once
 }
 
 }  // namespace

@@ -1,0 +1,46 @@
+// The format "csv": RFC 4180, safe to open in a spreadsheet.
+#include "network/address.h"
+#include "network/formatters.h"
+#include "network/printable.h"
+
+namespace hostsweep {
+namespace {
+
+constexpr const char* LineEnd = "\r\n";
+
+class CsvFormatter : public Formatter {
+ public:
+  CsvFormatter(const Layout& layout, Makers& makers) : layout_(layout), makers_(makers) {}
+
+  std::string Begin() override {
+    return std::string("address,name,hardware_address,maker") + LineEnd;
+  }
+
+  std::string Add(const Finding& finding) override {
+    if (!IsSelected(finding, layout_.Report)) return {};
+    return FormatAddress(finding.Address) + ',' + Field(finding.Name) + ',' +
+           Field(finding.HardwareAddress) + ',' + Field(makers_.MakerOf(finding.HardwareAddress)) +
+           LineEnd;
+  }
+
+ private:
+  [[nodiscard]] std::string Field(const std::string& text) const {
+    std::string field = layout_.IsForTerminal ? Printable(text) : text;
+    if (field.find_first_of("=+-@\t\r") == 0) field.insert(0, "'");
+    if (field.find_first_of(",\"\r\n") == std::string::npos) return field;
+    std::string quoted = "\"";
+    for (const char byte : field) quoted.append(byte == '"' ? 2 : 1, byte);
+    return quoted + '"';
+  }
+
+  Layout layout_;
+  Makers& makers_;
+};
+
+}  // namespace
+
+std::unique_ptr<Formatter> MakeCsvFormatter(const Layout& layout, Makers& makers) {
+  return std::make_unique<CsvFormatter>(layout, makers);
+}
+
+}  // namespace hostsweep
