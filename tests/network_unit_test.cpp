@@ -15,6 +15,7 @@
 #include "network/format.h"
 #include "network/makers.h"
 #include "network/network.h"
+#include "network/options.h"
 #include "network/printable.h"
 #include "network/usage_error.h"
 
@@ -79,6 +80,56 @@ TEST(Printable, ReplacesWhatCouldSteerATerminal) {
        "\u200D??\u2010\u061B?\u2027??\u202F"},
       {"\u2065\u2066\u2069\u206A", "\u2065??\u206A"}};
   for (const auto& [text, printable] : rows) EXPECT_EQ(Printable(text), printable);
+}
+
+// The options that `ReadOptions` makes of the arguments.
+std::string Read(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), "hostsweep-network");
+  std::vector<char*> pointers;
+  for (std::string& argument : arguments) pointers.push_back(argument.data());
+  pointers.push_back(nullptr);
+  const Options options = ReadOptions(static_cast<int>(arguments.size()), pointers.data());
+  if (options.Wanted != Task::Sweep) return options.Wanted == Task::PrintHelp ? "help" : "version";
+  std::string text = "jobs " + std::to_string(options.Jobs);
+  if (options.Report != Selection::All) text += options.Report == Selection::Up ? " up" : " free";
+  if (options.Output) text += " format " + std::to_string(static_cast<int>(*options.Output));
+  if (options.IsLocal) text += " local";
+  for (const Network& network : options.Networks) text += " " + network.Name;
+  return text;
+}
+
+TEST(ReadOptions, AcceptsOptionsAnywhereAndSaysWhatIsWrong) {
+  const std::pair<std::vector<std::string>, std::string> rows[] = {
+      {{"10.0.1", "-u", "10.0.0", "--", "10.0.2"}, "jobs 256 up 10.0.1 10.0.0 10.0.2"},
+      {{"-ulfjson", "-j", "1"}, "jobs 1 up format 3 local"},
+      {{"--fr", "--fo=lines", "--jobs=1024", "--lo"}, "jobs 1024 free format 0 local"},
+      {{"-l", "-f", "csv", "-fmap", "-uu"}, "jobs 256 up format 4 local"},
+      {{"x", "-hx", "--wrong"}, "help"},
+      {{"-u", "--free", "-h"}, "--up and --free cannot be combined"},
+      {{"--vers", "--wrong"}, "version"},
+      {{"-lxh"}, "-x: no such option"},  // what is left of it must not reach the next row
+      {{"-V"}, "version"},
+      {{"-l", "--wrong=\x1B[2J"}, "--wrong: no such option"},
+      {{"--wro\x9Bng", "10.0.0"}, "--wro?ng: no such option"},
+      {{"-\u00E9"}, "-\u00E9: no such option"},
+      {{"10.0.0", "--f=csv"}, "--f: short for more than one option"},
+      {{"--local=yes"}, "--local: the option takes no value"},
+      {{"10.0.0", "--jo"}, "--jo: the option needs a value"},
+      {{"10.0.0", "-uj"}, "-j: the option needs a value"},
+      {{"-f", "Lines", "-h"}, "Lines: the format must be lines, table, csv, json or map"},
+      {{"--format=", "-l"}, "\"\": the format must be lines, table, csv, json or map"},
+      {{"-l", "10.0.0"}, "10.0.0: a network cannot be combined with --local"},
+      {{}, "a network or --local is missing"},
+      {{"10.0.0", "-"}, std::string("-") + NoNetwork}};
+  for (const auto& [arguments, result] : rows) {
+    EXPECT_EQ(Outcome([&, &given = arguments] { return Read(given); }), result);
+  }
+  for (const std::string jobs : {"0", "1025", "-1", "4x"}) {
+    EXPECT_EQ(Outcome([&] {
+                return Read({"-j", jobs, "-l"});
+              }),
+              jobs + ": the number of jobs must be from 1 to 1024");
+  }
 }
 
 TEST(MakeFinding, TellsUpFreeAndUnknownApart) {
