@@ -14,6 +14,7 @@
 #include "network/finding.h"
 #include "network/format.h"
 #include "network/makers.h"
+#include "network/name_answer.h"
 #include "network/network.h"
 #include "network/options.h"
 #include "network/printable.h"
@@ -285,6 +286,25 @@ TEST(Formatter, DrawsAMapInAlignedRows) {
   const std::unique_ptr<Formatter> map = MakeFormatter(Format::Map, {}, makers);
   EXPECT_EQ(map->Add(findings[1]), "");
   EXPECT_EQ(map->Add(findings[2]), "0.0.0.62        " + indent + " .?\n");  // complete: at once
+}
+
+TEST(ReadNameAnswer, TellsWhatTheServersSaid) {
+  const std::string slow = ";; communications error to 127.0.0.1#53: timed out\n";
+  const std::string host = "Host 2.0.18.198.in-addr.arpa";
+  const std::pair<std::string, NameAnswer> rows[] = {
+      {"1.0.18.198.in-addr.arpa domain name pointer gateway.lab.example.\n", NameAnswer::Name},
+      {slow + "x is an alias for y.\ny domain name pointer z.\n", NameAnswer::Name},
+      {slow + host + ". not found: 3(NXDOMAIN)\n", NameAnswer::NoName},
+      {"2.0.18.198.in-addr.arpa has no PTR record\n", NameAnswer::NoName},
+      {"2.0.18.198.in-addr.arpa is an alias for x.y.example.\n", NameAnswer::NoName},
+      {slow, NameAnswer::NoReply},
+      {";; connection timed out; no servers could be reached\n", NameAnswer::NoReply},
+      {slow + host + " not found: 5(REFUSED)\n", NameAnswer::Refused},
+      {host + " not found: 2(SERVFAIL)\n", NameAnswer::Failed},
+      {host + " not found: 35(RESERVED35)\n", NameAnswer::Failed},
+      {"sh: 1: /usr/bin/host: not found\n", NameAnswer::Failed},
+      {"", NameAnswer::Failed}};
+  for (const auto& [output, answer] : rows) EXPECT_EQ(ReadNameAnswer(output), answer) << output;
 }
 
 }  // namespace
