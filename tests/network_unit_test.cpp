@@ -1,7 +1,9 @@
 // src/network/: arguments, formats, makers and the answers of name servers.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -153,7 +155,7 @@ TEST(MakeFinding, TellsUpFreeAndUnknownApart) {
 // A directory of lists that ends with its owner.
 class Lists {
  public:
-  Lists() { std::filesystem::remove_all(root_); }
+  Lists() { EXPECT_NE(mkdtemp(root_.data()), nullptr); }
   ~Lists() { std::filesystem::remove_all(root_); }
   Lists(const Lists&) = delete;
   Lists& operator=(const Lists&) = delete;
@@ -166,7 +168,7 @@ class Lists {
   [[nodiscard]] Makers Open() const { return Makers(root_); }
 
  private:
-  std::string root_ = testing::TempDir() + "hostsweep_lists";
+  std::string root_ = testing::TempDir() + "hostsweep.XXXXXX";
 };
 
 TEST(Makers, TakesTheSmallestBlockOfTheFirstList) {
