@@ -26,7 +26,7 @@ class CsvFormatter : public Formatter {
  private:
   [[nodiscard]] std::string Field(const std::string& text) const {
     std::string field = layout_.IsForTerminal ? Printable(text) : text;
-    if (field.find_first_of("=+-@\t\r") == 0) field.insert(0, "'");
+    if (field.find_first_of("=+-@\t\r") == 0) field.insert(0, 1, '\'');
     if (field.find_first_of(",\"\r\n") == std::string::npos) return field;
     std::string quoted = "\"";
     for (const char byte : field) quoted.append(byte == '"' ? 2 : 1, byte);

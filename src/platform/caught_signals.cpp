@@ -7,6 +7,8 @@
 #include <array>
 #include <cerrno>
 
+#include "platform/process.h"
+
 namespace hostsweep {
 namespace {
 
@@ -20,12 +22,6 @@ extern "C" void NoteSignal(int number) {
   // A full pipe wakes the reader as well.
   [[maybe_unused]] const ssize_t written = write(wakeDescriptor, "", 1);
   errno = error;
-}
-
-bool IsIgnored(int number) {
-  struct sigaction action = {};
-  sigaction(number, nullptr, &action);
-  return action.sa_handler == SIG_IGN;
 }
 
 }  // namespace

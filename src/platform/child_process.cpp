@@ -32,9 +32,13 @@ class StandardStreams {
   StandardStreams& operator=(const StandardStreams&) = delete;
   ~StandardStreams() { posix_spawn_file_actions_destroy(&actions_); }
 
-  void CollectIn(int output) {
+  void Set(int output) {
     Require(posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0));
-    Require(posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO));
+    if (output == ChildProcess::NoOutput) {
+      Require(posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0));
+    } else {
+      Require(posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO));
+    }
     Require(posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0));
   }
 
@@ -93,7 +97,7 @@ ChildProcess ChildProcess::StartIsolated(const std::vector<std::string>& command
                                          const std::vector<std::string>& environment, int output,
                                          Group group) {
   StandardStreams streams;
-  streams.CollectIn(output);
+  streams.Set(output);
   SpawnAttributes attributes;
   attributes.Set(group);
   return {Spawn(command, environment, streams.Get(), attributes.Get()), group};
@@ -146,6 +150,10 @@ void ChildProcess::Reap(int options) {
   if (reaped == -1) return;
   wasKilled_ = WIFSIGNALED(status);
   status_ = wasKilled_ ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+void ReapChild(pid_t pid) {
+  RetryInterrupted([&] { return waitpid(pid, nullptr, 0); });
 }
 
 pid_t EndedChild() { return std::max(Ended(P_ALL, 0, WNOHANG), 0); }

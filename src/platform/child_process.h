@@ -20,6 +20,9 @@ class ChildProcess {
   // of its own, which is signalled as a whole and ends with the child.
   enum class Group { Inherited, Own };
 
+  // Given as `output`, discards the standard output.
+  static constexpr int NoOutput = -1;
+
   // Starts a program with this environment (elements "NAME=value") and standard output. Its
   // standard input is empty, its standard error is discarded, and it ignores the signals that the
   // caller of this program had it ignore, as under nohup(1), but not those that `PrepareProcess`
@@ -69,5 +72,9 @@ class ChildProcess {
 // The process id of a child of this program that has ended and has not been reaped; 0 if there is
 // none. Which of several it is, is not specified.
 pid_t EndedChild();
+
+// Reaps a child that has ended and that no `ChildProcess` stands for, such as one that was started
+// before this program took the place of another.
+void ReapChild(pid_t pid);
 
 }  // namespace hostsweep

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <string>
 #include <string_view>
 
 #include "platform/exceptions.h"
@@ -32,6 +31,15 @@ void Print(const Text& line) {
     if (written < 0 && errno == EINTR) continue;
     if (written == 0 || errno != EAGAIN) Quit(0);
     WaitUntilWritable();
+  }
+}
+
+void PrintError(const std::string& text) {
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const ssize_t written = write(STDERR_FILENO, rest.data(), rest.size());
+    if (written < 0 && errno != EINTR) return;
+    if (written > 0) rest.remove_prefix(static_cast<std::size_t>(written));
   }
 }
 

@@ -1,7 +1,8 @@
-// Standard output, and ending the program.
+// Standard output and standard error, and ending the program.
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/text/text.h"
 
@@ -10,6 +11,9 @@ namespace hostsweep {
 // Writes the text and a line feed to standard output, without buffering and in one call where the
 // system takes the line whole. Calls `Quit(0)` on a write error.
 void Print(const Text& line);
+
+// Writes the text to standard error. Ignores write errors: there is nowhere to report them.
+void PrintError(const std::string& text);
 
 // Ends the program with the exit code, by throwing the `EndException` that the frame catches:
 // everything between the caller and the frame is destroyed.

@@ -17,14 +17,7 @@ Pipe OpenPipe() {
   return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
-ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
-                      std::string& output) {
-  pollfd wanted = {reader.Number(), POLLIN, 0};
-  const int milliseconds = static_cast<int>(time.count());
-  const int ready = RetryInterrupted([&] { return poll(&wanted, 1, milliseconds); });
-  if (ready < 0) ThrowSystemError("poll");
-  if (ready == 0) return ReadResult::Timeout;
-
+ReadResult ReadOnce(const Descriptor& reader, std::string& output) {
   // Linux gives a pipe 16 pages of at most 64 KiB each; other systems give it less.
   constexpr std::size_t PipeCapacity = 1U << 20U;
   static std::array<char, PipeCapacity> buffer;  // too large for the stack
@@ -33,6 +26,15 @@ ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
   if (size < 0) ThrowSystemError("read");
   output.append(buffer.data(), static_cast<std::size_t>(size));
   return size > 0 ? ReadResult::Data : ReadResult::End;
+}
+
+ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
+                      std::string& output) {
+  pollfd wanted = {reader.Number(), POLLIN, 0};
+  const int milliseconds = static_cast<int>(time.count());
+  const int ready = RetryInterrupted([&] { return poll(&wanted, 1, milliseconds); });
+  if (ready < 0) ThrowSystemError("poll");
+  return ready == 0 ? ReadResult::Timeout : ReadOnce(reader, output);
 }
 
 }  // namespace hostsweep

@@ -37,6 +37,20 @@ void OpenStandardDescriptors() {
   }
 }
 
+bool IsIgnored(int signalNumber) {
+  struct sigaction action = {};
+  sigaction(signalNumber, nullptr, &action);
+  return action.sa_handler == SIG_IGN;
+}
+
+void StopProcess() { raise(SIGSTOP); }
+
+void TerminateBy(int signalNumber) {
+  signal(signalNumber, SIG_DFL);
+  raise(signalNumber);
+  _exit(128 + signalNumber);  // the status that a shell gives for the signal
+}
+
 void PrepareProcess() {
   OpenStandardDescriptors();
   KeepOtherDescriptorsFromChildren();

@@ -12,8 +12,10 @@ bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) 
 
 }  // namespace
 
+Text HardwareAddressCommand(const Text& address) { return "Arp " + address; }
+
 Text LookupHardwareAddress(Shell& shell, const Text& address) {
-  shell.Execute("Arp " + address);
+  shell.Execute(HardwareAddressCommand(address));
   return ParseHardwareAddress(shell.Result());
 }
 

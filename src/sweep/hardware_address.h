@@ -6,7 +6,10 @@
 
 namespace hostsweep {
 
-// Runs "Arp " followed by the address, and returns `ParseHardwareAddress` of its output.
+// The command line: "Arp " followed by the address.
+Text HardwareAddressCommand(const Text& address);
+
+// Runs `HardwareAddressCommand`, and returns `ParseHardwareAddress` of its output.
 Text LookupHardwareAddress(Shell& shell, const Text& address);
 
 // The hardware address in the output of arp(8): normalised if it has six groups joined by ":", else

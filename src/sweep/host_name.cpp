@@ -13,8 +13,10 @@ Text WithoutFinalDot(const Text& name) {
 
 }  // namespace
 
+Text HostNameCommand(const Text& address) { return "/usr/bin/host " + address; }
+
 Text LookupHostName(Shell& shell, const Text& address) {
-  shell.Execute("/usr/bin/host " + address);
+  shell.Execute(HostNameCommand(address));
   return ParseHostName(shell.Result(), address);
 }
 

@@ -6,7 +6,10 @@
 
 namespace hostsweep {
 
-// Runs "/usr/bin/host " followed by the address, and returns `ParseHostName` of its output.
+// The command line: "/usr/bin/host " followed by the address.
+Text HostNameCommand(const Text& address);
+
+// Runs `HostNameCommand`, and returns `ParseHostName` of its output.
 Text LookupHostName(Shell& shell, const Text& address);
 
 // The target of the pointer record in the output of host(1), without its final "."; `address` if

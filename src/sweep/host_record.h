@@ -12,7 +12,8 @@ struct HostRecord {
 };
 
 // The name to report. A name equal to the address counts as none: the result is "[Unknown Device]"
-// with a hardware address, and empty without one. With `liveNamesOnly` every name without a hardware address is empty.
+// with a hardware address, and empty without one. With `liveNamesOnly` every name without a
+// hardware address is empty.
 Text DecideName(const HostRecord& record, bool liveNamesOnly);
 
 // The report line without its line end: the address, the result of `DecideName` and the hardware

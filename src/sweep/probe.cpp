@@ -2,6 +2,8 @@
 
 namespace hostsweep {
 
-void ProbeAddress(Shell& shell, const Text& address) { shell.Execute("ping -c 1 -t 1 " + address); }
+Text ProbeCommand(const Text& address) { return "ping -c 1 -t 1 " + address; }
+
+void ProbeAddress(Shell& shell, const Text& address) { shell.Execute(ProbeCommand(address)); }
 
 }  // namespace hostsweep

@@ -1,0 +1,128 @@
+#include "network/lookup.h"
+
+#include <algorithm>
+
+#include "network/address.h"
+#include "network/name_answer.h"
+#include "platform/text/text_operations.h"
+#include "sweep/hardware_address.h"
+#include "sweep/host_name.h"
+#include "sweep/probe.h"
+
+namespace hostsweep {
+namespace {
+
+// Exit statuses of sh(1): from the first on, the command has not been run or has been killed.
+constexpr int CannotRun = 126;
+constexpr int Killed = 128;
+
+bool HasRun(const CommandSet::Result& result) {
+  return !result.WasKilled && result.Status < CannotRun;
+}
+
+bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) > 0; }
+
+Trouble TroubleOf(NameAnswer answer) {
+  switch (answer) {
+    case NameAnswer::NoReply:
+      return Trouble::NoServerReply;
+    case NameAnswer::Refused:
+      return Trouble::ServerRefused;
+    default:
+      return Trouble::ServerFailed;
+  }
+}
+
+}  // namespace
+
+Lookup::Lookup(std::uint32_t address, Programs programs, bool canHaveEntry)
+    : address_(address),
+      programs_(programs),
+      canHaveEntry_(canHaveEntry),
+      step_(programs.HasPing   ? Step::Probe
+            : programs.HasHost ? Step::Name
+                               : Step::HardwareAddress) {
+  record_.Address = FormatAddress(address);
+  record_.Name = record_.Address;
+  if (!programs.HasPing || !programs.HasHost) troubles_.Add(Trouble::NotAsked);
+}
+
+Text Lookup::Command() const {
+  switch (step_) {
+    case Step::Probe:
+      return ProbeCommand(record_.Address);
+    case Step::Name:
+      return HostNameCommand(record_.Address);
+    default:
+      return HardwareAddressCommand(record_.Address);
+  }
+}
+
+Clock::time_point Lookup::CanWaitUntil() const {
+  const bool isAnswered = probeStatus_ == 0;
+  return step_ == Step::HardwareAddress && !isAnswered ? lastRequest_ : notBefore_;
+}
+
+void Lookup::Take(const CommandSet::Result& result, Clock::time_point now) {
+  if (step_ == Step::Probe) {
+    TakeProbe(result, now);
+  } else if (step_ == Step::Name) {
+    TakeName(result);
+  } else {
+    TakeHardwareAddress(result);
+  }
+}
+
+void Lookup::Skip(Trouble reason) {
+  troubles_.Add(reason);
+  isSkipped_ = true;
+  step_ = Step::Done;
+}
+
+Finding Lookup::Result() const { return MakeFinding(address_, record_, troubles_.IsEmpty()); }
+
+// The kernel asks three times, a second apart (arp(7)), beginning some time after ping has been
+// started and before it has ended. A timer of the kernel can be an eighth late.
+void Lookup::TakeProbe(const CommandSet::Result& result, Clock::time_point now) {
+  using std::chrono::milliseconds;
+  lastRequest_ = std::max(begin_ + milliseconds(2300), now + milliseconds(1300));
+  probeStatus_ = result.Status;
+  // Tools that end ping by a signal give the status of that.
+  if (result.WasKilled || (result.Status >= CannotRun && result.Status < Killed)) {
+    troubles_.Add(Trouble::CommandFailed);
+  }
+  step_ = programs_.HasHost ? Step::Name : Step::HardwareAddress;
+}
+
+void Lookup::TakeName(const CommandSet::Result& result) {
+  const Text output = result.Output;
+  record_.Name = ParseHostName(output, record_.Address);
+  step_ = Step::HardwareAddress;
+  if (!HasRun(result) || result.Output.empty()) {
+    troubles_.Add(Trouble::CommandFailed);
+    return;
+  }
+  const NameAnswer answer = ReadNameAnswer(output);
+  const bool isAnswered = answer == NameAnswer::Name || answer == NameAnswer::NoName;
+  if (!isAnswered) troubles_.Add(TroubleOf(answer));
+}
+
+void Lookup::TakeHardwareAddress(const CommandSet::Result& result) {
+  const Text output = result.Output;
+  record_.HardwareAddress = ParseHardwareAddress(output);
+  const bool isIncomplete = Contains(output, "(incomplete)");
+  const bool isAbsent = Contains(output, "no entry");
+  if (isIncomplete && begin_ < lastRequest_) {
+    notBefore_ = lastRequest_;
+    return;
+  }
+  step_ = Step::Done;
+  if (!HasRun(result) || (!isIncomplete && !isAbsent && !Contains(output, " at "))) {
+    troubles_.Add(Trouble::CommandFailed);
+  }
+  // A ping that fails leaves no entry. One that is waiting for an answer when it is ended does.
+  const bool hasFailed = probeStatus_ != 0 && probeStatus_ < CannotRun;
+  if (isAbsent && hasFailed && canHaveEntry_) troubles_.Add(Trouble::ProbeFailed);
+}
+
+}  // namespace hostsweep

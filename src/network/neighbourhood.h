@@ -1,0 +1,36 @@
+// The networks that the devices of this machine are on: whose hardware addresses it can see.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "network/network.h"
+#include "platform/devices.h"
+
+namespace hostsweep {
+
+class Neighbourhood {
+ public:
+  explicit Neighbourhood(std::vector<DeviceAddress> devices) : devices_(std::move(devices)) {}
+
+  // The networks of the devices that are up, each once, in the order of the devices. `leftOut` gets
+  // those that are larger than a /20, which would take long.
+  [[nodiscard]] std::vector<Network> LocalNetworks(std::vector<Network>& leftOut) const;
+
+  // True if each address of the network is on a device that is up.
+  [[nodiscard]] bool Has(const Network& network) const;
+
+  // A device that is down and that, with others, has the network; empty if there is none.
+  [[nodiscard]] std::string DeviceThatIsDown(const Network& network) const;
+
+  // True if a host can have the address: it is on a device that is up, and is not the address of
+  // that device's network or its broadcast address.
+  [[nodiscard]] bool HasHost(std::uint32_t address) const;
+
+ private:
+  std::vector<DeviceAddress> devices_;
+};
+
+}  // namespace hostsweep

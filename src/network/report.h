@@ -1,0 +1,50 @@
+// The report of a sweep on standard output, and its summary.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "network/finding.h"
+#include "network/format.h"
+#include "network/makers.h"
+#include "network/network.h"
+#include "platform/output_queue.h"
+
+namespace hostsweep {
+
+// Turns the findings of a sweep, in their order, into the text for standard output.
+class Report {
+ public:
+  // A report on all addresses of these networks, which must outlive it.
+  Report(const std::vector<Network>& networks, Format format, const Layout& layout);
+
+  void Add(const Finding& finding);
+
+  // Ends the report. One of the free addresses is made only now, and is empty unless every address
+  // was swept completely: before that none is known to be free.
+  void End(bool isComplete);
+
+  // The text that standard output has yet to take.
+  OutputQueue& Output() { return output_; }
+
+  // A line on how many addresses were found to be what, in that time.
+  [[nodiscard]] std::string Summary(std::chrono::milliseconds time) const;
+
+ private:
+  void AddFree();
+
+  const std::vector<Network>& networks_;
+  bool isOfFree_;
+  Makers makers_;
+  std::unique_ptr<Formatter> formatter_;
+  OutputQueue output_;
+  std::vector<std::uint32_t> free_;
+  std::uint64_t count_ = 0;
+  std::uint64_t upCount_ = 0;
+  std::uint64_t namedCount_ = 0;
+};
+
+}  // namespace hostsweep

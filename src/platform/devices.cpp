@@ -1,0 +1,57 @@
+#include "platform/devices.h"
+
+#include <arpa/inet.h>
+#include <ifaddrs.h>
+#include <net/if.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include <cstring>
+#include <memory>
+
+#include "platform/descriptor.h"
+#include "platform/system_call.h"
+
+namespace hostsweep {
+namespace {
+
+std::uint32_t NumberOf(const sockaddr* address) {
+  sockaddr_in internet{};
+  std::memcpy(&internet, address, sizeof internet);
+  return ntohl(internet.sin_addr.s_addr);
+}
+
+bool HasAll(unsigned int flags, unsigned int wanted) { return (flags & wanted) == wanted; }
+
+}  // namespace
+
+std::vector<DeviceAddress> DeviceAddresses() {
+  ifaddrs* list = nullptr;
+  if (getifaddrs(&list) != 0) ThrowSystemError("getifaddrs");
+  const std::unique_ptr<ifaddrs, void (*)(ifaddrs*)> owner(list, freeifaddrs);
+  std::vector<DeviceAddress> addresses;
+  for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
+    if (entry->ifa_addr == nullptr || entry->ifa_addr->sa_family != AF_INET) continue;
+    if (entry->ifa_netmask == nullptr || !HasAll(entry->ifa_flags, IFF_BROADCAST)) continue;
+    if ((entry->ifa_flags & IFF_LOOPBACK) != 0) continue;
+    addresses.push_back({entry->ifa_name, NumberOf(entry->ifa_addr), NumberOf(entry->ifa_netmask),
+                         HasAll(entry->ifa_flags, IFF_UP | IFF_RUNNING)});
+  }
+  return addresses;
+}
+
+bool HasRoute(std::uint32_t address) {
+  const Descriptor socket(::socket(AF_INET, SOCK_DGRAM, 0));
+  if (socket.Number() < 0) ThrowSystemError("socket");
+  const int enabled = 1;  // or a route to a broadcast address would be refused
+  setsockopt(socket.Number(), SOL_SOCKET, SO_BROADCAST, &enabled, sizeof enabled);
+  sockaddr_in target{};
+  target.sin_family = AF_INET;
+  target.sin_port = htons(9);  // any: nothing is sent
+  target.sin_addr.s_addr = htonl(address);
+  sockaddr generic{};
+  std::memcpy(&generic, &target, sizeof target);
+  return connect(socket.Number(), &generic, sizeof target) == 0;
+}
+
+}  // namespace hostsweep

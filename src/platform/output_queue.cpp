@@ -1,0 +1,41 @@
+#include "platform/output_queue.h"
+
+#include <limits.h>  // NOLINT(modernize-deprecated-headers): POSIX's PIPE_BUF, not in <climits>
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/system_call.h"
+
+namespace hostsweep {
+namespace {
+
+bool IsWritable() {
+  pollfd wanted = {STDOUT_FILENO, POLLOUT, 0};
+  return RetryInterrupted([&] { return poll(&wanted, 1, 0); }) > 0;
+}
+
+}  // namespace
+
+// A pipe that poll(2) reports as writable takes this much without waiting.
+std::string_view OutputQueue::NextPiece() const {
+  const std::string_view piece = std::string_view(text_).substr(written_, PIPE_BUF);
+  const std::size_t end = piece.rfind('\n');
+  return end == std::string_view::npos ? piece : piece.substr(0, end + 1);
+}
+
+void OutputQueue::Write() {
+  while (Size() > 0 && IsWritable()) {
+    const std::string_view piece = NextPiece();
+    const ssize_t count =
+        RetryInterrupted([&] { return write(STDOUT_FILENO, piece.data(), piece.size()); });
+    if (count < 0 && errno == EAGAIN) return;
+    if (count < 0) ThrowSystemError("standard output");
+    written_ += static_cast<std::size_t>(count);
+  }
+  text_.erase(0, written_);
+  written_ = 0;
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,17 @@
+// The kinds of files that a program's standard descriptors can lead to.
+#pragma once
+
+namespace hostsweep {
+
+// A pipe or a socket has a reader of its own; everything else that is no terminal is a file.
+enum class FileKind { Terminal, Pipe, File };
+
+constexpr int StandardOutput = 1;
+constexpr int StandardError = 2;
+
+FileKind KindOf(int descriptor);
+
+// The width of the terminal that the descriptor leads to, in columns; 0 if it is unknown.
+int ColumnsOf(int descriptor);
+
+}  // namespace hostsweep
