@@ -4,6 +4,7 @@
 
 #include "network/address.h"
 #include "network/name_answer.h"
+#include "platform/ping_status.h"
 #include "platform/text/text_operations.h"
 #include "sweep/hardware_address.h"
 #include "sweep/host_name.h"
@@ -120,9 +121,8 @@ void Lookup::TakeHardwareAddress(const CommandSet::Result& result) {
   if (!HasRun(result) || (!isIncomplete && !isAbsent && !Contains(output, " at "))) {
     troubles_.Add(Trouble::CommandFailed);
   }
-  // A ping that fails leaves no entry. One that is waiting for an answer when it is ended does.
-  const bool hasFailed = probeStatus_ != 0 && probeStatus_ < CannotRun;
-  if (isAbsent && hasFailed && canHaveEntry_) troubles_.Add(Trouble::ProbeFailed);
+  const bool isUnasked = record_.HardwareAddress == "" && TellsSendFailure(probeStatus_);
+  if (isUnasked && canHaveEntry_) troubles_.Add(Trouble::ProbeFailed);
 }
 
 }  // namespace hostsweep
