@@ -20,7 +20,7 @@ constexpr std::array<Words, TroubleCount - 1> AllWords = {{
      "try host(1) on one of them to see its error"},
     {Trouble::ProbeFailed, "ping could not probe", "try ping on one of them to see its error"},
     {Trouble::CommandFailed, "a command could not be run, was killed or gave no whole answer",
-     "check the limits on processes, descriptors and memory, or use fewer --jobs"},
+     "try ping, /usr/bin/host and Arp, and check the limits on processes, descriptors and memory"},
     {Trouble::NoRoute, "there is no route and nothing was swept",
      "check the network devices and routes"},
 }};
