@@ -149,26 +149,39 @@ std::string UsageLine() {
 std::string HelpText() {
   return UsageLine() + R"(
 
-Sweeps networks for host names, hardware addresses and makers.
+Sweeps IPv4 networks for the names, hardware addresses and makers of their
+hosts. Needs no privileges.
 
-NETWORK is 192.168.1 or 192.168.1.0/24, with a prefix length from 16 to 32; one
-address, 192.168.1.7; or a range, 192.168.1.20-192.168.1.90.
+NETWORK is one of:
+  192.168.1                  its hosts 1 to 254
+  10.50.1.9/22               the network that this address is in; 16 to 32 bits
+  192.168.1.7                one address
+  192.168.1.20-192.168.1.90  a range of at most 65536 addresses
 
-  -l, --local          sweep the networks that this machine is on
-  -u, --up             only addresses with a hardware address
-      --free           only addresses with neither name nor hardware address, at
-                       the end and only if the sweep is complete
-  -f, --format FORMAT  lines, table, csv, json or map; unless told, table on a
-                       terminal and lines elsewhere
-  -j, --jobs COUNT     at most COUNT addresses in work at a time, 1 to )" +
+  -l, --local          sweep the networks that this machine is on, but for those
+                       larger than a /20
+  -u, --up             report only addresses with a hardware address: the hosts
+                       that are there
+      --free           report only addresses with neither name nor hardware
+                       address, at the end and only if the sweep is complete
+  -f, --format FORMAT  a format below; default: table on a terminal, else lines
+  -j, --jobs COUNT     sweep at most COUNT addresses at a time, 1 to )" +
          std::to_string(MaximalJobs) + R"(;
-                       unless told, )" +
+                       default: )" +
          std::to_string(DefaultJobs) + R"(
   -h, --help           print this help
   -V, --version        print the version
 
-Exit status: 0 if every address was swept and every lookup had an answer, 1 if
-not, 2 if the arguments cannot be used.
+FORMAT is one of:
+  lines  address=name=hardware address, a line for each address
+  table  columns, with the maker, of addresses with a name or a hardware address
+  csv    the same columns for every address, as comma-separated values
+  json   an object for each address on a line of its own
+  map    a character for each address: "#" up, "+" a name only, "." free,
+         "?" not known
+
+Exit status: 0 if every address was swept and every lookup had an answer; 1 if
+not, for reasons that standard error says; 2 if the arguments cannot be used.
 )";
 }
 
