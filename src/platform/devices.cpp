@@ -21,7 +21,12 @@ std::uint32_t NumberOf(const sockaddr* address) {
   return ntohl(internet.sin_addr.s_addr);
 }
 
-bool HasAll(unsigned int flags, unsigned int wanted) { return (flags & wanted) == wanted; }
+// Linux sets IFF_LOWER_UP as soon as a device has a link, and IFF_RUNNING up to a second later. Other
+// systems have no flag of that number.
+bool IsUp(unsigned int flags) {
+  constexpr unsigned int LowerUp = 1U << 16U;
+  return (flags & IFF_UP) != 0 && (flags & (IFF_RUNNING | LowerUp)) != 0;
+}
 
 }  // namespace
 
@@ -32,10 +37,10 @@ std::vector<DeviceAddress> DeviceAddresses() {
   std::vector<DeviceAddress> addresses;
   for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
     if (entry->ifa_addr == nullptr || entry->ifa_addr->sa_family != AF_INET) continue;
-    if (entry->ifa_netmask == nullptr || !HasAll(entry->ifa_flags, IFF_BROADCAST)) continue;
+    if (entry->ifa_netmask == nullptr || (entry->ifa_flags & IFF_BROADCAST) == 0) continue;
     if ((entry->ifa_flags & IFF_LOOPBACK) != 0) continue;
     addresses.push_back({entry->ifa_name, NumberOf(entry->ifa_addr), NumberOf(entry->ifa_netmask),
-                         HasAll(entry->ifa_flags, IFF_UP | IFF_RUNNING)});
+                         IsUp(entry->ifa_flags)});
   }
   return addresses;
 }
