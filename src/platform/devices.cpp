@@ -21,8 +21,8 @@ std::uint32_t NumberOf(const sockaddr* address) {
   return ntohl(internet.sin_addr.s_addr);
 }
 
-// Linux sets IFF_LOWER_UP as soon as a device has a link, and IFF_RUNNING up to a second later. Other
-// systems have no flag of that number.
+// Linux sets IFF_LOWER_UP as soon as a device has a link, and IFF_RUNNING up to a second later.
+// Other systems have no flag of that number.
 bool IsUp(unsigned int flags) {
   constexpr unsigned int LowerUp = 1U << 16U;
   return (flags & IFF_UP) != 0 && (flags & (IFF_RUNNING | LowerUp)) != 0;
