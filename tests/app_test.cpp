@@ -55,11 +55,12 @@ TEST_F(Frame, RunIsCalledInARegisteredApplicationWithItsVersionData) {
 }
 
 TEST_F(Frame, VersionDataIsStoredInItsOrder) {
-  app_._x_SetVersionData(1, 2, 3, 4, 5, "six", "seven", "eight");
-  EXPECT_EQ(Str(app_.MajorVersion) + Str(app_.MinorVersion) + Str(app_.BugVersion) +
-                Str(app_.NonReleaseVersion) + Str(app_.StageCode),
-            "12345");
-  EXPECT_EQ(app_.LongVersion + app_.ShortVersion + app_.PackageInfo, "sixseveneight");
+  app_._x_SetVersionData(1, 2, 3, 4, 5, "6", "7", "8");
+  EXPECT_EQ(Join({Str(app_.MajorVersion), Str(app_.MinorVersion), Str(app_.BugVersion),
+                  Str(app_.NonReleaseVersion), Str(app_.StageCode), app_.LongVersion,
+                  app_.ShortVersion, app_.PackageInfo},
+                 ""),
+            "12345678");
 }
 
 TEST_F(Frame, NormalEndsNeverReachTheHandler) {
@@ -89,6 +90,7 @@ TEST_F(Frame, TheHandlerDecides) {
   app_.Handler = []() -> bool { throw ShellNotRunningException(); };
   EXPECT_THROW(Call(), ShellNotRunningException);
   EXPECT_EQ(app_.HandlerCalls, 5);
+  EXPECT_FALSE(app_.ConsoleApplication::UnhandledException(NilObjectException()));
   app_.Work = []() -> std::int64_t { throw 1; };  // not one of ours
   EXPECT_THROW(Call(), int);
   EXPECT_EQ(app_.HandlerCalls, 5);

@@ -1,89 +1,130 @@
-// src/platform/: texts, the command runner, and the search path.
+// src/platform/: pipes, caught signals, child processes, the shell and standard output.
+#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/time.h>
 
-#include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
+#include <cerrno>
+#include <chrono>
 #include <string>
-#include <tuple>
+#include <thread>
 #include <utility>
-#include <vector>
 
-#include "platform/search_path.h"
+#include "platform/caught_signals.h"
+#include "platform/child_process.h"
+#include "platform/console.h"
+#include "platform/environment.h"
+#include "platform/exceptions.h"
+#include "platform/process.h"
 #include "platform/shell.h"
-#include "platform/text/text_operations.h"
-#include "tools/next_program.h"
 
 namespace hostsweep {
 namespace {
 
-TEST(Text, EqualityIgnoresLetterCaseInAsciiOnly) {
-  EXPECT_EQ(Text("azAZ"), Text("AZaz"));
-  EXPECT_NE(Text("True"), Text("True "));
-  EXPECT_NE(Text("["), Text("{"));  // 32 apart, as letters of two cases are
-  EXPECT_NE(Text("\u00C4"), Text("\u00E4"));
+using std::chrono::milliseconds;
+using Clock = std::chrono::steady_clock;
+using Group = ChildProcess::Group;
+
+constexpr milliseconds Now(0);
+constexpr milliseconds Long(5000);
+
+TEST(ReadWithin, AppendsDataAndTellsTheEndFromTheTimeout) {
+  Pipe pipe = OpenPipe();
+  std::string output = "a";
+  const auto begin = Clock::now();
+  EXPECT_EQ(ReadWithin(milliseconds(20), pipe.Reader, output), ReadResult::Timeout);
+  EXPECT_GE(Clock::now() - begin, milliseconds(20));
+  EXPECT_EQ(write(pipe.Writer.Number(), "bc", 2), 2);
+  EXPECT_EQ(ReadWithin(Long, pipe.Reader, output), ReadResult::Data);
+  pipe.Writer.Close();
+  EXPECT_EQ(ReadWithin(Long, pipe.Reader, output), ReadResult::End);
+  EXPECT_EQ(output, "abc");
 }
 
-TEST(Text, CountsCharactersWhateverTheBytes) {
-  const std::pair<const char*, std::int64_t> rows[] = {
-      {"a\u00E9\u20AC\U0001F600z", 5},  // 1 to 4 bytes each
-      {"\u0080\u0800\U00010000", 3},    // the first of each size
-      {"\xE2\x82z", 3},                 // cut off by a letter
-      {"\xE2\x82", 2},                  // cut off by the end
-      {"\xC0\x80", 2},                  // overlong
-      {"\xE0\x9F\xBF", 3},              // overlong
-      {"\xED\xA0\x80", 3},              // the first surrogate
-      {"\xED\x9F\xBF", 1},              // and the character before it
-      {"\xF4\x8F\xBF\xBF", 1},          // the last of all
-      {"\xF4\x90\x80\x80", 4},          // and what would follow it
-      {"\x80\xFF", 2}};                 // begin nothing
-  for (const auto& [bytes, length] : rows) EXPECT_EQ(Len(bytes), length) << bytes;
+TEST(CaughtSignals, AreTakenOnceAndIgnoredOnesStayIgnored) {
+  signal(SIGHUP, SIG_IGN);
+  std::string data;
+  {
+    const CaughtSignals signals({SIGHUP, SIGTERM, SIGINT});
+    raise(SIGHUP);
+    EXPECT_EQ(ReadWithin(Now, signals.Reader(), data), ReadResult::Timeout);
+    for (int i = 0; i < 70000; ++i) raise(SIGTERM);  // more than the pipe holds
+    errno = ENOTTY;
+    raise(SIGTERM);
+    EXPECT_EQ(errno, ENOTTY);
+    EXPECT_EQ(ReadWithin(Now, signals.Reader(), data), ReadResult::Data);
+    EXPECT_FALSE(CaughtSignals::Take(SIGHUP));
+    EXPECT_TRUE(CaughtSignals::Take(SIGTERM));
+    EXPECT_FALSE(CaughtSignals::Take(SIGTERM));
+    raise(SIGINT);
+  }
+  EXPECT_EQ(signal(SIGTERM, SIG_DFL), SIG_DFL);
+  EXPECT_EQ(signal(SIGHUP, SIG_DFL), SIG_IGN);
+  const CaughtSignals signals({SIGINT});
+  EXPECT_FALSE(CaughtSignals::Take(SIGINT));  // one that came before
 }
 
-TEST(Text, CutsClampCountsAndStarts) {
-  const Text text = "\u00E9b\xFFz";
-  const std::tuple<std::int64_t, const char*, const char*, const char*> rows[] = {
-      {INT64_MIN, "", "", "\u00E9b\xFFz"},     {0, "", "", "\u00E9b\xFFz"},
-      {1, "\u00E9", "z", "\u00E9b\xFFz"},      {3, "\u00E9b\xFF", "b\xFFz", "\xFFz"},
-      {5, "\u00E9b\xFFz", "\u00E9b\xFFz", ""}, {INT64_MAX, "\u00E9b\xFFz", "\u00E9b\xFFz", ""}};
-  for (const auto& [number, left, right, mid] : rows) {
-    EXPECT_EQ(Left(text, number).Bytes(), left) << number;
-    EXPECT_EQ(Right(text, number).Bytes(), right) << number;
-    EXPECT_EQ(Mid(text, number).Bytes(), mid) << number;
+// A shell that runs the code, and what it prints.
+struct Running {
+  Pipe Output;
+  ChildProcess Child;
+};
+
+Running Start(const std::string& code, Group group) {
+  Pipe output = OpenPipe();
+  ChildProcess child = ChildProcess::StartIsolated({"/bin/sh", "-c", code}, Environment(),
+                                                   output.Writer.Number(), group);
+  output.Writer.Close();
+  return {std::move(output), std::move(child)};
+}
+
+TEST(ChildProcess, EndsWithItsOwnerAndItsOwnGroupWithIt) {
+  for (const Group group : {Group::Inherited, Group::Own}) {
+    for (const char* const code : {"sleep 9 & echo $!; wait", "sleep 9 & echo $!"}) {
+      Running shell = Start(code, group);
+      std::string output;
+      EXPECT_EQ(ReadWithin(Long, shell.Output.Reader, output), ReadResult::Data);
+      const pid_t id = shell.Child.Id();
+      { const ChildProcess last = std::move(shell.Child); }
+      EXPECT_EQ(kill(id, 0), -1);
+      // The sleeping process holds the other end of the pipe.
+      const bool isOwn = group == Group::Own;
+      EXPECT_EQ(ReadWithin(isOwn ? Long : Now, shell.Output.Reader, output),
+                isOwn ? ReadResult::End : ReadResult::Timeout);
+      if (!isOwn) kill(std::stoi(output), SIGKILL);
+    }
   }
 }
 
-TEST(Text, InStrFindsWholeCharacters) {
-  const std::tuple<std::int64_t, const char*, const char*, std::int64_t> rows[] = {
-      {0, "abcabc", "abc", 1},  {2, "abcabc", "abc", 4},          {5, "abcabc", "abc", 0},
-      {0, "aab", "AB", 2},      {0, "\u20AC\xFF at ", " at ", 3}, {0, "\u00E9", "\xC3", 0},
-      {0, "\u00E9", "\xA9", 0}, {0, "\xA9\u00E9", "\xA9", 1},     {0, "ab", "abc", 0},
-      {0, "ab", "", 0}};
-  for (const auto& [start, text, find, at] : rows) EXPECT_EQ(InStr(start, text, find), at) << text;
-}
+TEST(ChildProcess, TellsItsEndWhateverTheSignals) {
+  struct sigaction interruption = {};
+  interruption.sa_handler = [](int) {};
+  sigaction(SIGALRM, &interruption, nullptr);
+  const itimerval often = {{0, 10000}, {0, 10000}};
+  for (const Group group : {Group::Inherited, Group::Own}) {
+    Running shell = Start("sleep 9", group);
+    EXPECT_EQ(EndedChild(), 0);
+    EXPECT_FALSE(shell.Child.HasEnded());
+    shell.Child.Signal(SIGTERM);
+    while (EndedChild() == 0) std::this_thread::yield();
+    EXPECT_EQ(EndedChild(), shell.Child.Id());
+    EXPECT_TRUE(shell.Child.HasEnded());
+    EXPECT_TRUE(shell.Child.WasKilled());
+    EXPECT_EQ(shell.Child.Wait(), 128 + SIGTERM);
+    EXPECT_EQ(EndedChild(), 0);
 
-TEST(Text, FieldsAreCountedSplitAndJoinedAlike) {
-  const std::tuple<const char*, const char*, std::size_t> rows[] = {
-      {"0:1:2:3:4:5", ":", 6}, {"abc", ":", 1}, {"a:", ":", 2},        {"a::b", ":", 3},
-      {"aaaaa", "aa", 3},      {"", ":", 1},    {"\u00E9", "\xC3", 1}, {"abc", "", 1}};
-  for (const auto& [source, separator, count] : rows) {
-    const std::vector<Text> fields = Split(source, separator);
-    EXPECT_EQ(fields.size(), count) << source;
-    EXPECT_EQ(CountFields(source, separator), static_cast<std::int64_t>(count)) << source;
-    EXPECT_EQ(Join(fields, separator).Bytes(), source);
+    setitimer(ITIMER_REAL, &often, nullptr);
+    Running interrupted = Start("sleep 0.1; exit 3", group);
+    EXPECT_EQ(interrupted.Child.Wait(), 3);
+    EXPECT_FALSE(interrupted.Child.WasKilled());
+
+    signal(SIGCHLD, SIG_IGN);  // so that the system does not keep how a child ends
+    EXPECT_EQ(Start("exit 3", group).Child.Wait(), 0);
+    signal(SIGCHLD, SIG_DFL);
   }
-}
-
-TEST(Text, ValReadsPlainDecimalOnly) {
-  const std::pair<const char*, double> rows[] = {
-      {"", 0},        {"abc", 0}, {"12abc", 12},  {"-2.9", -2.9},
-      {"+5", 5},      {"--5", 0}, {"5.", 5},      {".5", 0},
-      {"1.2.3", 1.2}, {"1e3", 1}, {"0x10", 0},    {"inf", 0},
-      {" 1", 0},      {"007", 7}, {"1.5e3", 1.5}, {"9007199254740993", 9007199254740992.0}};
-  for (const auto& [text, value] : rows) EXPECT_EQ(Val(text), value) << text;
-  EXPECT_TRUE(std::isinf(Val(std::string(400, '9'))));
+  const itimerval never = {};
+  setitimer(ITIMER_REAL, &never, nullptr);
 }
 
 std::string OutputOf(const std::string& command) {
@@ -96,75 +137,67 @@ std::string OutputOf(const std::string& command) {
 TEST(Shell, CollectsStandardOutputHoweverTheCommandEnds) {
   const std::pair<const char*, std::string> rows[] = {
       {"printf 'a\\n\\nb\\000\\377'", std::string("a\n\nb\0\xFF", 6)},
-      {"head -c 4194304 /dev/zero", std::string(4194304, '\0')},
+      {"printf a; sleep 0.2; head -c 4194304 /dev/zero; sleep 0.2; printf b",
+       'a' + std::string(4194304, '\0') + 'b'},
       {"no-such-program", ""},
       {"echo Message; echo error >&2; exit 1", "Message\n"},
       {"cat; echo read", "read\n"},
       {"echo before; kill -9 $$; echo after", "before\n"},
-      {"echo  'a  b' \"$0\"", "a  b /bin/sh\n"}};
+      {"echo  'a  b' \"$0\"", "a  b /bin/sh\n"},
+      {"(sleep 3; echo late) & echo now", "now\n"}};
   for (const auto& [command, output] : rows) EXPECT_EQ(OutputOf(command), output) << command;
 }
 
-TEST(Shell, WaitsForACommandThatHasClosedItsOutput) {
-  const std::string sign = testing::TempDir() + "hostsweep_has_ended";
-  OutputOf("rm -f " + sign);
-  OutputOf("exec >&-; sleep 0.2; : >" + sign);
-  EXPECT_EQ(OutputOf("rm " + sign + " && echo ended"), "ended\n");
-}
-
-TEST(Shell, DoesNotWaitForProcessesThatTheCommandLeavesRunning) {
-  EXPECT_EQ(OutputOf("(sleep 3; echo late) & echo now"), "now\n");
-  // One that goes on printing without a pause.
+TEST(Shell, WaitsForTheCommandAlone) {
+  const auto begin = Clock::now();
+  OutputOf("exec >&-; sleep 0.2");
+  EXPECT_GE(Clock::now() - begin, milliseconds(200));
+  // A process that the command leaves running goes on printing without a pause.
   const std::string output = OutputOf(
       "(i=0; while [ $i -lt 999999 ]; do i=$((i + 1)); echo $i; done; echo late) & echo now");
   EXPECT_NE(output.find("now\n"), std::string::npos);
   EXPECT_EQ(output.find("late\n"), std::string::npos);
 }
 
-// A working directory with two programs called Arp, in own and other; what is called Arp in data
-// and in folder is not a program.
-class SearchPaths : public testing::Test {
- protected:
-  SearchPaths() {
-    const std::string commands =
-        " && cd " + folder_ + " && mkdir -p own other data folder/Arp && ln -s own linked &&" +
-        "ln -s /usr/bin system && touch own/Arp other/Arp data/Arp && chmod +x own/Arp other/Arp";
-    EXPECT_EQ(std::system(("mkdir " + folder_ + commands).c_str()), 0);
-    EXPECT_EQ(chdir(folder_.c_str()), 0);
-  }
-  ~SearchPaths() override { EXPECT_EQ(chdir("/") + std::system(("rm -r " + folder_).c_str()), 0); }
-
- private:
-  std::string folder_ = testing::TempDir() + "hostsweep_search_path." + std::to_string(getpid());
-};
-
-TEST_F(SearchPaths, ToolsComeBeforeTheSystemsFoldersAndMissingOnesLast) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"", "/t:/usr/bin:"},
-      {"/opt/usr/bin:/usr/bin2", "/opt/usr/bin:/usr/bin2:/t:/usr/bin:"},
-      {"/a:/usr/sbin//:/b:/usr/bin", "/a:/t:/usr/sbin//:/b:/usr/bin"},
-      {":system::system", ":/t:system::system:"}};
-  for (const auto& [callers, begin] : rows) {
-    const std::string path = SearchPath(callers, "/t");
-    EXPECT_EQ(path.substr(0, std::strlen(begin)), begin);
-    EXPECT_NE(path.find("/usr/sbin"), std::string::npos);
-  }
-  EXPECT_EQ(SearchPath("/usr/bin:/bin:/usr/sbin:/sbin", ""), "/usr/bin:/bin:/usr/sbin:/sbin");
+TEST(Shell, KeepsNoDescriptorAndFailsWithoutOne) {
+  Shell shell;
+  const int next = OpenPipe().Reader.Number();
+  shell.Execute("echo kept");
+  EXPECT_EQ(OpenPipe().Reader.Number(), next);
+  rlimit limit = {};
+  getrlimit(RLIMIT_NOFILE, &limit);
+  const rlimit none = {static_cast<rlim_t>(next), limit.rlim_max};
+  setrlimit(RLIMIT_NOFILE, &none);
+  EXPECT_THROW(shell.Execute("echo lost"), ShellNotAvailableException);
+  setrlimit(RLIMIT_NOFILE, &limit);
+  EXPECT_EQ(shell.Result(), "kept\n");
 }
 
-TEST_F(SearchPaths, TheNextProgramIsTheFirstOtherOneAfterTheLastNameOfItsOwn) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"own:other", "other/Arp"},
-      {"other:own", ""},
-      {"own:other:own", ""},
-      {"own:other:linked//", ""},
-      {"own/:none:data:folder:other/:/", "other//Arp"},
-      {"none:other", "other/Arp"}};  // run by its path
-  for (const auto& [path, next] : rows)
-    EXPECT_EQ(NextProgram(path, "Arp", "own/Arp"), next) << path;
-  ASSERT_EQ(chdir("other"), 0);
-  EXPECT_EQ(NextProgram("../own", "Arp", "../own/Arp"), "");        // not in the working directory,
-  EXPECT_EQ(NextProgram("../own:", "Arp", "../own/Arp"), "./Arp");  // unless the path names it
+TEST(PrepareProcess, GivesChildrenTheSignalsThatTheirCallerMeantForThem) {
+  for (const int number : {SIGCHLD, SIGQUIT}) signal(number, SIG_IGN);
+  PrepareProcess();
+  EXPECT_EQ(signal(SIGCHLD, SIG_DFL), SIG_DFL);
+  EXPECT_EQ(OutputOf("kill -PIPE $$; echo ignored"), "");
+  EXPECT_EQ(OutputOf("kill -XFSZ $$; echo ignored"), "");
+  EXPECT_EQ(OutputOf("kill -QUIT $$; echo ignored"), "ignored\n");
+  for (const int number : {SIGPIPE, SIGQUIT, SIGXFSZ}) signal(number, SIG_DFL);
+}
+
+TEST(Print, WritesALineThatThePipeDoesNotTakeWhole) {
+  const std::string line(300000, 'x');
+  Pipe pipe = OpenPipe();
+  fcntl(pipe.Writer.Number(), F_SETFL, O_NONBLOCK);
+  std::string received;
+  std::thread reader([&] {
+    while (ReadWithin(Long, pipe.Reader, received) == ReadResult::Data) continue;
+  });
+  const Descriptor standardOutput(dup(STDOUT_FILENO));
+  dup2(pipe.Writer.Number(), STDOUT_FILENO);
+  Print(line);
+  dup2(standardOutput.Number(), STDOUT_FILENO);
+  pipe.Writer.Close();
+  reader.join();
+  EXPECT_TRUE(received == line + '\n') << received.size();
 }
 
 }  // namespace

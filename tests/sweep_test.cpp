@@ -65,7 +65,7 @@ TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
       {{"10.0.0.250", "7"}, "quit 0"},
       {{"\xFF.\u20AC..7x", "2.9"}, "\xFF.\u20AC. 7 2"},
       {{"010.0.0.-4", "2"}, "010.0.0 -4 2"},
-      {{"10.0.0.99999999999999999999", "1"}, "10.0.0 -9223372036854775808 1"},
+      {{"10.0.0.9223372036854775808", "1"}, "10.0.0 -9223372036854775808 1"},
       {{"10.0.0.9223372036854774784", "1024"}, "10.0.0 9223372036854774784 1024"},
       {{"10.0.0.5", "1", "tRUE"}, "10.0.0 5 1 live"},
       {{"10.0.0.5", "1", "True "}, "10.0.0 5 1"},
@@ -109,7 +109,7 @@ TEST(ParseHardwareAddress, NormalisesSixGroups) {
       {"x at 1:abc:3:4:5:\u00E9 ", "01-ABC-03-04-05-0\u00E9"},  // one character, two bytes
       {"x at a:2:3:4:5 on en0", "a:2:3:4:5"},
       {"x at a:b:c:d:e:f:a on en0", "a:b:c:d:e:f:a"},
-      {"x at  1:2:3:4:5:6 on en0", ""},  // the token ends at its first blank
+      {"x at  1:2:3:4:5:6 on en0", ""},  // the token ends at its first space
       {"x at 1:2:3:4:5:6\n", ""},        // and at nothing else
       {"NO ENTRY at 1:2:3:4:5:6 on en0", ""},
       {"? (10.0.0.7) at (Incomplete) on en0\n", ""},
