@@ -6,10 +6,7 @@
 #include <sys/time.h>
 
 #include <cerrno>
-#include <chrono>
-#include <string>
 #include <thread>
-#include <utility>
 
 #include "platform/caught_signals.h"
 #include "platform/child_process.h"

@@ -4,10 +4,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <string>
-#include <utility>
-
 #include "platform/tools_directory.h"
 #include "tools/next_program.h"
 

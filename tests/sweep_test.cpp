@@ -3,12 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <map>
-#include <string>
 #include <tuple>
-#include <utility>
-#include <vector>
 
 #include "app/app.h"
 #include "platform/console.h"
@@ -56,46 +52,45 @@ std::string Transcript(Work work) {
 }
 
 TEST(ReadSweepRange, AcceptsWhatNamesARangeAndQuitsSilentlyOtherwise) {
-  const std::pair<std::vector<Text>, const char*> rows[] = {
-      {{}, "quit 0"},
-      {{"10.0.0.5"}, "quit 0"},
-      {{"10.0.0.5.", "5"}, "quit 0"},
-      {{"10.0.0.5", "0"}, "quit 0"},
-      {{"10.0.0.250", "6"}, "10.0.0 250 6"},
-      {{"10.0.0.250", "7"}, "quit 0"},
-      {{"\xFF.\u20AC..7x", "2.9"}, "\xFF.\u20AC. 7 2"},
-      {{"010.0.0.-4", "2"}, "010.0.0 -4 2"},
-      {{"10.0.0.9223372036854775808", "1"}, "10.0.0 -9223372036854775808 1"},
-      {{"10.0.0.9223372036854774784", "1024"}, "10.0.0 9223372036854774784 1024"},
-      {{"10.0.0.5", "1", "tRUE"}, "10.0.0 5 1 live"},
-      {{"10.0.0.5", "1", "True "}, "10.0.0 5 1"},
-      {{"10.0.0.5", "1", "x", "19999.9", "7"}, "waits 19999\n10.0.0 5 1"},
-      {{"10.0.0.5", "1", "x", "20000"}, "10.0.0 5 1"},
-      {{"10.0.0.5", "1", "x", "-7.5"}, "waits -7\n10.0.0 5 1"},
-      {{"10.0.0", "5", "x", "1000"}, "waits 1000\nquit 0"}};
-  for (const auto& [userArguments, result] : rows) {
-    std::vector<Text> arguments = userArguments;
-    arguments.insert(arguments.begin(), "hostsweep");
-    const std::string transcript = Transcript([&] {
-      const SweepRange range = ReadSweepRange(arguments);
+  const std::pair<const char*, const char*> rows[] = {
+      {"10.0.0.5", "quit 0"},
+      {"10.0.0.5. 5", "quit 0"},
+      {"10.0.0 5 x 1000", "waits 1000\nquit 0"},
+      {"10.0.0.5 0", "quit 0"},
+      {"10.0.0.250 6", "10.0.0 250 6"},
+      {"10.0.0.250 7", "quit 0"},
+      {"\xFF.\u20AC..7x 2.9", "\xFF.\u20AC. 7 2"},
+      {"010.0.0.-4 2", "010.0.0 -4 2"},
+      {"10.0.0.9223372036854775808 1", "10.0.0 -9223372036854775808 1"},
+      {"10.0.0.9223372036854774784 1024", "10.0.0 9223372036854774784 1024"},
+      {"10.0.0.5 1 tRUE", "10.0.0 5 1 live"},
+      {"10.0.0.5 1 True\t", "10.0.0 5 1"},
+      {"10.0.0.5 1 x 19999.9 7", "waits 19999\n10.0.0 5 1"},
+      {"10.0.0.5 1 x 20000", "10.0.0 5 1"},
+      {"10.0.0.5 1 x -7.5", "waits -7\n10.0.0 5 1"}};
+  for (const auto& [arguments, result] : rows) {
+    const std::string transcript = Transcript([&, &words = arguments] {
+      const SweepRange range = ReadSweepRange(Split(Text("hostsweep ") + words, " "));
       Print(range.Prefix + " " + Str(range.FirstHost) + " " + Str(range.HostCount) +
             (range.LiveNamesOnly ? " live" : ""));
     });
-    EXPECT_EQ(transcript, result + std::string("\n")) << Join(arguments, " ").Bytes();
+    EXPECT_EQ(transcript, result + std::string("\n")) << arguments;
   }
 }
 
 TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
   const std::pair<const char*, const char*> rows[] = {
       {"7.0.0.10.in-addr.arpa Domain Name POINTER Nas.lan.\r\n", "Nas.lan"},
-      {"domain name pointer a.\nx domain name pointer b.\n",
-       "a.\nx domain name pointer b"},                 // several records: all of them
-      {"domain name pointer  \t\r\n ", ""},            // only white space
-      {"domain name pointerX.nas.\n", ".nas"},         // whatever separates is skipped
-      {"domain name pointer\u20ACnas.\n", "nas"},      // one character, not one byte
-      {"domain name pointer\xE2\x82nas.", "\x82nas"},  // a byte that is no text is one
-      {"domain name pointer nas..\n", "nas."},         // one dot, not two
-      {"domain name pointer nas .\n", "nas "},         // no trimming after the dot
+      // Several records: all of them.
+      {"domain name pointer a.\nx domain name pointer b.\n", "a.\nx domain name pointer b"},
+      // One character is skipped, whatever it is: a letter, one of several bytes, a stray byte.
+      {"domain name pointerX.nas.\n", ".nas"},
+      {"domain name pointer\u20ACnas.\n", "nas"},
+      {"domain name pointer\xE2\x82nas.", "\x82nas"},
+      {"domain name pointer  \t\r\n ", ""},
+      // One dot goes, not two, and no white space before it.
+      {"domain name pointer nas..\n", "nas."},
+      {"domain name pointer nas .\n", "nas "},
       {"Host omain name pointer not found: 3(NXDOMAIN)\n", "10.0.0.7"},
       {"", "10.0.0.7"}};
   for (const auto& [text, name] : rows) EXPECT_EQ(ParseHostName(text, "10.0.0.7").Bytes(), name);
@@ -105,15 +100,18 @@ TEST(ParseHardwareAddress, NormalisesSixGroups) {
   const std::pair<const char*, const char*> rows[] = {
       {"? (10.0.0.7) at 0:1f:a:bc:D:e on en0 ifscope [ethernet]\n", "00-1F-0A-BC-0D-0E"},
       {"x AT 1:2:3:4:5:6 on en0\nx at 7:8:9:a:b:c on en1\n", "01-02-03-04-05-06"},
-      {"x at 1::3:4:5:6 ", "01--03-04-05-06"},                  // an empty group stays
-      {"x at 1:abc:3:4:5:\u00E9 ", "01-ABC-03-04-05-0\u00E9"},  // one character, two bytes
+      // An empty group stays, and one of two bytes is one character.
+      {"x at 1::3:4:5:6 ", "01--03-04-05-06"},
+      {"x at 1:abc:3:4:5:\u00E9 ", "01-ABC-03-04-05-0\u00E9"},
       {"x at a:2:3:4:5 on en0", "a:2:3:4:5"},
       {"x at a:b:c:d:e:f:a on en0", "a:b:c:d:e:f:a"},
-      {"x at  1:2:3:4:5:6 on en0", ""},  // the token ends at its first space
-      {"x at 1:2:3:4:5:6\n", ""},        // and at nothing else
+      // The token ends at its first space, and at nothing else.
+      {"x at  1:2:3:4:5:6 on en0", ""},
+      {"x at 1:2:3:4:5:6\n", ""},
       {"NO ENTRY at 1:2:3:4:5:6 on en0", ""},
       {"? (10.0.0.7) at (Incomplete) on en0\n", ""},
-      {"\u20AC\u20AC\u20ACtoken end", "token"},  // no " at ": from the fourth character
+      // Without " at " it begins at the fourth character.
+      {"\u20AC\u20AC\u20ACtoken end", "token"},
       {"ab", ""}};
   for (const auto& [text, address] : rows) EXPECT_EQ(ParseHardwareAddress(text).Bytes(), address);
 }
