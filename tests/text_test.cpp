@@ -15,24 +15,16 @@ TEST(Text, EqualityIgnoresLetterCaseInAsciiOnly) {
   EXPECT_NE(Text("\u00C4"), Text("\u00E4"));
 }
 
+// Characters of each size, the first of each size, the last before the surrogates and the last of
+// all; overlong forms, a surrogate, and what would follow the last; bytes that begin nothing, or
+// begin a character that a letter or the end cuts off.
 TEST(Text, CountsCharactersWhateverTheBytes) {
-  const std::pair<const char*, std::int64_t> rows[] = {
-      // Characters of 1 to 4 bytes, the first of each size, and the last before the surrogates.
-      {"a\u00E9\u20AC\U0001F600z", 5},
-      {"\u0080\u0800\U00010000", 3},
-      {"\xED\x9F\xBF", 1},
-      // The last of all, what would follow it, and a surrogate.
-      {"\xF4\x8F\xBF\xBF", 1},
-      {"\xF4\x90\x80\x80", 4},
-      {"\xED\xA0\x80", 3},
-      // Overlong forms, some cut off by a letter and by the end, and bytes that begin nothing.
-      {"\xC0\x80", 2},
-      {"\xE0\x9F\xBF", 3},
-      {"\xF0\x8F\xBF\xBF", 4},
-      {"\xE2\x82z", 3},
-      {"\xE2\x82", 2},
-      {"\x80\xFF", 2}};
-  for (const auto& [bytes, length] : rows) EXPECT_EQ(Len(bytes), length) << bytes;
+  for (const char* one : {"\xED\x9F\xBF", "\xF4\x8F\xBF\xBF"}) EXPECT_EQ(Len(one), 1) << one;
+  for (const char* two : {"\xC0\x80", "\x80\xFF", "\xE2\x82"}) EXPECT_EQ(Len(two), 2) << two;
+  for (const char* three : {"\u0080\u0800\U00010000", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xE2\x82z"})
+    EXPECT_EQ(Len(three), 3) << three;
+  for (const char* four : {"\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80"}) EXPECT_EQ(Len(four), 4) << four;
+  EXPECT_EQ(Len("a\u00E9\u20AC\U0001F600z"), 5);
 }
 
 TEST(Text, CutsClampCountsAndStarts) {
