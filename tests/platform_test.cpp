@@ -22,7 +22,7 @@ using Clock = std::chrono::steady_clock;
 using Group = ChildProcess::Group;
 
 constexpr milliseconds Now(0);
-constexpr milliseconds Long(5000);
+constexpr milliseconds Long(30000);
 
 TEST(ReadWithin, AppendsDataAndTellsTheEndFromTheTimeout) {
   Pipe pipe = OpenPipe();
@@ -72,7 +72,7 @@ Running Start(const std::string& code, Group group) {
 
 TEST(ChildProcess, EndsWithItsOwnerAndItsOwnGroupWithIt) {
   for (const Group group : {Group::Inherited, Group::Own}) {
-    for (const char* const code : {"sleep 9 & echo $!; wait", "sleep 9 & echo $!"}) {
+    for (const char* const code : {"sleep 99 & echo $!; wait", "sleep 99 & echo $!"}) {
       Running shell = Start(code, group);
       std::string output;
       EXPECT_EQ(ReadWithin(Long, shell.Output.Reader, output), ReadResult::Data);

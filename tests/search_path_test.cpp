@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdlib>
+
 #include "platform/tools_directory.h"
 #include "tools/next_program.h"
 
