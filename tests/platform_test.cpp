@@ -72,12 +72,13 @@ Running Start(const std::string& code, Group group) {
 
 TEST(ChildProcess, EndsWithItsOwnerAndItsOwnGroupWithIt) {
   for (const Group group : {Group::Inherited, Group::Own}) {
-    for (const char* const code : {"sleep 99 & echo $!; wait", "sleep 99 & echo $!"}) {
-      Running shell = Start(code, group);
+    for (const bool endsFirst : {false, true}) {
+      Running shell = Start(endsFirst ? "sleep 99 & echo $!" : "sleep 99 & echo $!; wait", group);
+      const pid_t id = shell.Child.Id();
       std::string output;
       EXPECT_EQ(ReadWithin(Long, shell.Output.Reader, output), ReadResult::Data);
-      const pid_t id = shell.Child.Id();
-      { const ChildProcess last = std::move(shell.Child); }
+      if (endsFirst) shell.Child.Wait();
+      if (!endsFirst) const ChildProcess last = std::move(shell.Child);
       EXPECT_EQ(kill(id, 0), -1);
       // The sleeping process holds the other end of the pipe.
       const bool isOwn = group == Group::Own;

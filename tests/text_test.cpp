@@ -20,7 +20,8 @@ TEST(Text, EqualityIgnoresLetterCaseInAsciiOnly) {
 // begin a character that a letter or the end cuts off.
 TEST(Text, CountsCharactersWhateverTheBytes) {
   for (const char* one : {"\xED\x9F\xBF", "\xF4\x8F\xBF\xBF"}) EXPECT_EQ(Len(one), 1) << one;
-  for (const char* two : {"\xC0\x80", "\x80\xFF", "\xE2\x82"}) EXPECT_EQ(Len(two), 2) << two;
+  for (const char* two : {"\xC0\x80", "\xC3\xC0", "\x80\xFF", "\xE2\x82"})
+    EXPECT_EQ(Len(two), 2) << two;
   for (const char* three : {"\u0080\u0800\U00010000", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xE2\x82z"})
     EXPECT_EQ(Len(three), 3) << three;
   for (const char* four : {"\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80"}) EXPECT_EQ(Len(four), 4) << four;
