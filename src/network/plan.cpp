@@ -1,5 +1,7 @@
 #include "network/plan.h"
 
+#include <algorithm>
+
 #include "platform/devices.h"
 #include "platform/file.h"
 #include "platform/program_path.h"
@@ -20,10 +22,10 @@ std::string NamesOf(const std::vector<Network>& networks) {
 // True if there is a ping on the search path other than this program's own, which needs one.
 bool HasPing() {
   const auto own = IdentifyFile(ToolsDirectory(ProgramPath()) + "/ping");
-  for (const std::string& path : PathsOf(ToolSearchPath(), "ping")) {
-    if (IsProgram(path) && IdentifyFile(path) != own) return true;
-  }
-  return false;
+  const std::vector<std::string> paths = PathsOf(ToolSearchPath(), "ping");
+  return std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
+    return IsProgram(path) && IdentifyFile(path) != own;
+  });
 }
 
 // The networks of a sweep by what prevents or limits it.
