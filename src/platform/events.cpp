@@ -1,7 +1,6 @@
 #include "platform/events.h"
 
 #include <poll.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <climits>
@@ -10,17 +9,26 @@
 
 #include "platform/pipe.h"
 #include "platform/system_call.h"
+#include "platform/terminal.h"
 
 namespace hostsweep {
 
+using std::chrono::milliseconds;
+
 bool WaitForEvents(CommandSet& commands, const CaughtSignals& signals, OutputState output,
-                   std::optional<std::chrono::milliseconds> time) {
-  const short wanted = output == OutputState::Wanted ? POLLOUT : 0;
+                   std::optional<milliseconds> time) {
+  // Only a pipe can lose its reader, and macOS's poll(2) knows no terminals: one that is full is
+  // looked at again later.
+  constexpr milliseconds TerminalInterval(20);
+  const bool isPipe = KindOf(StandardOutput) == FileKind::Pipe;
+  const bool isWanted = output == OutputState::Wanted;
+  if (isWanted && !isPipe) time = std::min(time.value_or(TerminalInterval), TerminalInterval);
+  const short wanted = isWanted ? POLLOUT : 0;
   std::vector<pollfd> descriptors = {{signals.Reader().Number(), POLLIN, 0},
-                                     {STDOUT_FILENO, wanted, 0}};
+                                     {isPipe ? StandardOutput : -1, wanted, 0}};
   commands.Watch(descriptors);
-  const auto limit = static_cast<int>(
-      std::min<std::chrono::milliseconds::rep>(time ? time->count() : -1, INT_MAX));
+  const auto limit =
+      static_cast<int>(std::min<milliseconds::rep>(time ? time->count() : -1, INT_MAX));
   const int ready = RetryInterrupted(
       [&] { return poll(descriptors.data(), static_cast<nfds_t>(descriptors.size()), limit); });
   if (ready < 0) ThrowSystemError("poll");

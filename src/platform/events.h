@@ -12,9 +12,9 @@ namespace hostsweep {
 // Whether standard output is waited for until it can be written, or only watched.
 enum class OutputState { Watched, Wanted };
 
-// Waits until a signal arrives, a command writes something, standard output can be written if that
-// is wanted, or the time, 0 or more, has passed; without a time, as long as it takes. Takes in what
-// the commands have written. Returns false if the reader of standard output is gone. Throws
+// Waits until a signal arrives, a command writes something, standard output can probably be written
+// if that is wanted, or the time, 0 or more, has passed; without a time, as long as it takes. Takes
+// in what the commands have written. Returns false if the reader of standard output is gone. Throws
 // `std::system_error` if waiting or reading fails.
 bool WaitForEvents(CommandSet& commands, const CaughtSignals& signals, OutputState output,
                    std::optional<std::chrono::milliseconds> time);

@@ -1,7 +1,7 @@
 #include "platform/output_queue.h"
 
 #include <limits.h>  // NOLINT(modernize-deprecated-headers): POSIX's PIPE_BUF, not in <climits>
-#include <poll.h>
+#include <sys/select.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -11,14 +11,20 @@
 namespace hostsweep {
 namespace {
 
+// Asked by select(2), as macOS's poll(2) knows no terminals.
 bool IsWritable() {
-  pollfd wanted = {STDOUT_FILENO, POLLOUT, 0};
-  return RetryInterrupted([&] { return poll(&wanted, 1, 0); }) > 0;
+  return RetryInterrupted([] {
+           fd_set wanted;
+           FD_ZERO(&wanted);
+           FD_SET(STDOUT_FILENO, &wanted);
+           timeval now = {};
+           return select(STDOUT_FILENO + 1, nullptr, &wanted, nullptr, &now);
+         }) > 0;
 }
 
 }  // namespace
 
-// A pipe that poll(2) reports as writable takes this much without waiting.
+// A pipe that can be written takes this much without waiting.
 std::string_view OutputQueue::NextPiece() const {
   const std::string_view piece = std::string_view(text_).substr(written_, PIPE_BUF);
   const std::size_t end = piece.rfind('\n');
