@@ -65,10 +65,8 @@ class Session {
         progress_(ShowsProgress(), total_) {}
 
   SessionEnd Run() {
-    // A reader that is slow delays new addresses, so that what waits for it stays small.
-    constexpr std::size_t LargeOutput = 1U << 16U;
     for (;;) {
-      sweeper_.Start(Clock::now(), report_.Output().Size() < LargeOutput);
+      sweeper_.Start(Clock::now(), MayBegin());
       PassFindings();
       if (!Write()) return {SIGPIPE, 1};
       if (isReported_ && report_.Output().Size() == 0) return Finish();
@@ -82,6 +80,12 @@ class Session {
 
  private:
   [[nodiscard]] bool IsComplete() const { return isPlanComplete_ && sweeper_.Troubles().IsEmpty(); }
+
+  // A reader that is slow delays new addresses, so that what waits for it stays small.
+  [[nodiscard]] bool MayBegin() {
+    constexpr std::size_t LargeOutput = 1U << 16U;
+    return report_.Output().Size() < LargeOutput;
+  }
 
   void PassFindings() {
     while (const std::optional<Finding> finding = sweeper_.Next()) report_.Add(*finding);
@@ -107,7 +111,7 @@ class Session {
 
   // Waits for the next event. Returns false if the reader of standard output is gone.
   bool Wait() {
-    std::optional<Clock::time_point> time = sweeper_.WakeTime();
+    std::optional<Clock::time_point> time = sweeper_.WakeTime(MayBegin());
     if (progress_.IsEnabled())
       time = std::min(time.value_or(progress_.NextTime()), progress_.NextTime());
     std::optional<milliseconds> rest;

@@ -66,8 +66,7 @@ void Sweeper::StartCommands(Clock::time_point now, bool mayBegin) {
       if (!StartCommand(toProbe_.front(), now)) return;
       toProbe_.pop_front();
     }
-    const bool hasRoom = inWork_ < jobs_ && lookups_.size() < MaximalLookups;
-    if (!mayBegin || !hasRoom || walk_.IsAtEnd()) break;
+    if (!mayBegin || !CanBegin()) break;
     BeginAddress();
   }
   while (!toName_.empty() && NextNameTime() <= now) {
@@ -84,6 +83,11 @@ void Sweeper::StartCommands(Clock::time_point now, bool mayBegin) {
     if (!StartCommand(next->second, now)) return;
     next = toLookUp_.erase(next);
   }
+}
+
+// True if there is another address, and room for it.
+bool Sweeper::CanBegin() const {
+  return inWork_ < jobs_ && lookups_.size() < MaximalLookups && !walk_.IsAtEnd();
 }
 
 // The time at which another name may be looked up, unless one of those that run ends before.
@@ -177,8 +181,10 @@ std::optional<Finding> Sweeper::Next() {
   return {};
 }
 
-std::optional<Clock::time_point> Sweeper::WakeTime() const {
+std::optional<Clock::time_point> Sweeper::WakeTime(bool mayBegin) const {
   if (commands_.Count() >= commandLimit_) return {};
+  // Findings that have been given out since `Start` can have made room.
+  if (mayBegin && CanBegin()) return Clock::time_point();
   Clock::time_point time = Clock::time_point::max();
   if (!toLookUp_.empty()) time = toLookUp_.begin()->first;
   if (!toName_.empty()) time = std::min(time, NextNameTime());

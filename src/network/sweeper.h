@@ -40,9 +40,9 @@ class Sweeper {
   // True if no more findings will come.
   [[nodiscard]] bool IsDone() const { return walk_.IsAtEnd() && lookups_.empty(); }
 
-  // The time at which `Start` has something to do even if no command has ended; nothing if there is
-  // no such time.
-  [[nodiscard]] std::optional<Clock::time_point> WakeTime() const;
+  // The time at which `Start`, called with this `mayBegin`, has something to do even if no command
+  // has ended; nothing if there is no such time.
+  [[nodiscard]] std::optional<Clock::time_point> WakeTime(bool mayBegin) const;
 
   // The number of addresses whose sweep has ended, and their troubles.
   [[nodiscard]] std::uint64_t DoneCount() const { return doneCount_; }
@@ -60,6 +60,7 @@ class Sweeper {
   bool TakeUnstarted(Clock::time_point now);
   [[nodiscard]] Clock::time_point NextNameTime() const;
   [[nodiscard]] bool IsBusy(Clock::time_point now) const;
+  [[nodiscard]] bool CanBegin() const;
   void BeginAddress();
   void Enqueue(Key key);
 
