@@ -1,7 +1,6 @@
 #include "network/progress.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "platform/console.h"
 #include "platform/terminal.h"
@@ -17,6 +16,15 @@ std::string FormatTime(std::chrono::milliseconds time) {
   return std::to_string(seconds / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
 }
 
+// The time left as the share of what is done suggests, after a space; empty before anything is.
+std::string FormatTimeLeft(std::uint64_t done, std::uint64_t total,
+                           std::chrono::milliseconds elapsed) {
+  if (done == 0) return {};
+  const auto left =
+      static_cast<std::int64_t>(total - done) * elapsed.count() / static_cast<std::int64_t>(done);
+  return ' ' + FormatTime(std::chrono::milliseconds(left)) + " left";
+}
+
 }  // namespace
 
 std::string FormatProgress(std::uint64_t done, std::uint64_t total,
@@ -28,14 +36,7 @@ std::string FormatProgress(std::uint64_t done, std::uint64_t total,
   std::string count = std::to_string(done);
   count.insert(0, all.size() - std::min(count.size(), all.size()), ' ');
   count += '/' + all;
-  std::string left;
-  if (done > 0) {
-    const double share = static_cast<double>(total - done) / static_cast<double>(done);
-    left = " " +
-           FormatTime(std::chrono::milliseconds(
-               static_cast<std::int64_t>(static_cast<double>(elapsed.count()) * share))) +
-           " left";
-  }
+  const std::string left = FormatTimeLeft(done, total, elapsed);
   if (count.size() > width) return {};
   if (count.size() + left.size() > width) return count;
   constexpr std::size_t Frame = 3;  // a space and two brackets
@@ -49,6 +50,7 @@ std::string FormatProgress(std::uint64_t done, std::uint64_t total,
 void Progress::Show(std::uint64_t done, Clock::time_point now) {
   if (!isEnabled_ || now < nextTime_) return;
   nextTime_ = now + Interval;
+  if (!CanWrite(StandardError)) return;
   const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - begin_);
   constexpr int UsualColumns = 80;
   const int columns = ColumnsOf(StandardError);
@@ -64,6 +66,10 @@ void Progress::Erase() {
   if (width_ == 0) return;
   PrintError('\r' + std::string(width_, ' ') + '\r');
   width_ = 0;
+}
+
+void Progress::TryErase() {
+  if (CanWrite(StandardError)) Erase();
 }
 
 }  // namespace hostsweep

@@ -13,7 +13,8 @@ namespace hostsweep {
 std::string FormatProgress(std::uint64_t done, std::uint64_t total,
                            std::chrono::milliseconds elapsed, int columns);
 
-// Draws the line in place on a terminal. It draws nothing if it is not enabled.
+// Draws the line in place on a terminal. Draws nothing if it is not enabled, and nothing while the
+// terminal is stopped: a write would wait, and signals with it.
 class Progress {
  public:
   using Clock = std::chrono::steady_clock;
@@ -21,13 +22,16 @@ class Progress {
   Progress(bool isEnabled, std::uint64_t total) : isEnabled_(isEnabled), total_(total) {}
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
-  ~Progress() { Erase(); }
+  ~Progress() { TryErase(); }
 
   // Draws the line, if the last time was a tenth of a second ago or earlier.
   void Show(std::uint64_t done, Clock::time_point now);
 
   // Erases the line, so that something else can be written in its place.
   void Erase();
+
+  // The same, but does nothing while the terminal is stopped.
+  void TryErase();
 
   // The time at which the next line may be drawn.
   [[nodiscard]] Clock::time_point NextTime() const { return nextTime_; }

@@ -97,7 +97,7 @@ class Session {
   // Returns false if the reader of standard output is gone.
   bool Write() {
     OutputQueue& output = report_.Output();
-    if (output.Size() > 0) progress_.Erase();
+    if (output.Size() > 0) progress_.TryErase();
     try {
       output.Write();
     } catch (const std::system_error& error) {
@@ -112,12 +112,14 @@ class Session {
   // Waits for the next event. Returns false if the reader of standard output is gone.
   bool Wait() {
     std::optional<Clock::time_point> time = sweeper_.WakeTime(MayBegin());
-    if (progress_.IsEnabled())
-      time = std::min(time.value_or(progress_.NextTime()), progress_.NextTime());
-    std::optional<milliseconds> rest;
-    if (time)
-      rest = std::max(std::chrono::ceil<milliseconds>(*time - Clock::now()), milliseconds(0));
     const bool hasOutput = report_.Output().Size() > 0;
+    if (progress_.IsEnabled() && !hasOutput) {
+      time = std::min(time.value_or(progress_.NextTime()), progress_.NextTime());
+    }
+    std::optional<milliseconds> rest;
+    if (time) {
+      rest = std::max(std::chrono::ceil<milliseconds>(*time - Clock::now()), milliseconds(0));
+    }
     return WaitForEvents(commands_, signals_,
                          hasOutput ? OutputState::Wanted : OutputState::Watched, rest);
   }
@@ -129,7 +131,7 @@ class Session {
       if (CaughtSignals::Take(number)) return number;
     }
     if (CaughtSignals::Take(SIGTSTP)) {
-      progress_.Erase();
+      progress_.TryErase();
       commands_.Signal(SIGSTOP);
       StopProcess();
       commands_.Signal(SIGCONT);

@@ -1,28 +1,14 @@
 #include "platform/output_queue.h"
 
 #include <limits.h>  // NOLINT(modernize-deprecated-headers): POSIX's PIPE_BUF, not in <climits>
-#include <sys/select.h>
 #include <unistd.h>
 
 #include <cerrno>
 
 #include "platform/system_call.h"
+#include "platform/terminal.h"
 
 namespace hostsweep {
-namespace {
-
-// Asked by select(2), as macOS's poll(2) knows no terminals.
-bool IsWritable() {
-  return RetryInterrupted([] {
-           fd_set wanted;
-           FD_ZERO(&wanted);
-           FD_SET(STDOUT_FILENO, &wanted);
-           timeval now = {};
-           return select(STDOUT_FILENO + 1, nullptr, &wanted, nullptr, &now);
-         }) > 0;
-}
-
-}  // namespace
 
 // A pipe that can be written takes this much without waiting.
 std::string_view OutputQueue::NextPiece() const {
@@ -32,10 +18,10 @@ std::string_view OutputQueue::NextPiece() const {
 }
 
 void OutputQueue::Write() {
-  while (Size() > 0 && IsWritable()) {
+  while (Size() > 0 && CanWrite(StandardOutput)) {
     const std::string_view piece = NextPiece();
     const ssize_t count =
-        RetryInterrupted([&] { return write(STDOUT_FILENO, piece.data(), piece.size()); });
+        RetryInterrupted([&] { return write(StandardOutput, piece.data(), piece.size()); });
     if (count < 0 && errno == EAGAIN) return;
     if (count < 0) ThrowSystemError("standard output");
     written_ += static_cast<std::size_t>(count);

@@ -1,4 +1,4 @@
-// The kinds of files that a program's standard descriptors can lead to.
+// The files that a program's standard descriptors lead to: their kinds, and whether they take text.
 #pragma once
 
 namespace hostsweep {
@@ -10,6 +10,9 @@ constexpr int StandardOutput = 1;
 constexpr int StandardError = 2;
 
 FileKind KindOf(int descriptor);
+
+// True if writing some bytes would not wait: not for a full pipe or a stopped terminal.
+bool CanWrite(int descriptor);
 
 // The width of the terminal that the descriptor leads to, in columns; 0 if it is unknown.
 int ColumnsOf(int descriptor);
