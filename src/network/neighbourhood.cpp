@@ -1,6 +1,7 @@
 #include "network/neighbourhood.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace hostsweep {
 namespace {
@@ -19,6 +20,10 @@ bool Contains(const DeviceAddress& device, std::uint32_t address) {
   return FirstOf(device) <= address && address <= LastOf(device);
 }
 
+bool Overlap(const DeviceAddress& device, const Network& network) {
+  return FirstOf(device) <= network.Last && network.First <= LastOf(device);
+}
+
 // True if each address of the network is on one of the devices.
 bool Cover(const std::vector<DeviceAddress>& devices, const Network& network) {
   for (std::uint64_t address = network.First; address <= network.Last;) {
@@ -34,13 +39,13 @@ bool Cover(const std::vector<DeviceAddress>& devices, const Network& network) {
 }  // namespace
 
 std::vector<Network> Neighbourhood::LocalNetworks(std::vector<Network>& leftOut) const {
-  constexpr std::uint32_t ShortestPrefix = 20;
+  constexpr std::uint32_t ShortestLocalPrefix = 20;
   std::vector<Network> networks;
   for (const DeviceAddress& device : devices_) {
     if (!device.IsUp) continue;
     const std::uint32_t length = PrefixLength(device.Netmask);
     const Network network = NetworkOf(device.Address, length);
-    std::vector<Network>& list = length < ShortestPrefix ? leftOut : networks;
+    std::vector<Network>& list = length < ShortestLocalPrefix ? leftOut : networks;
     const bool isKnown = std::any_of(
         list.begin(), list.end(), [&](const Network& other) { return other.Name == network.Name; });
     if (!isKnown) list.push_back(network);
@@ -55,12 +60,17 @@ bool Neighbourhood::Has(const Network& network) const {
   return Cover(up, network);
 }
 
+bool Neighbourhood::HasPartOf(const Network& network) const {
+  return std::any_of(devices_.begin(), devices_.end(), [&](const DeviceAddress& device) {
+    return device.IsUp && Overlap(device, network);
+  });
+}
+
 std::string Neighbourhood::DeviceThatIsDown(const Network& network) const {
   if (Has(network) || !Cover(devices_, network)) return {};
-  const auto found =
-      std::find_if(devices_.begin(), devices_.end(), [&](const DeviceAddress& device) {
-        return !device.IsUp && FirstOf(device) <= network.Last && network.First <= LastOf(device);
-      });
+  const auto found = std::find_if(
+      devices_.begin(), devices_.end(),
+      [&](const DeviceAddress& device) { return !device.IsUp && Overlap(device, network); });
   return found == devices_.end() ? "" : found->Device;
 }
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "network/network.h"
@@ -21,6 +21,9 @@ class Neighbourhood {
 
   // True if each address of the network is on a device that is up.
   [[nodiscard]] bool Has(const Network& network) const;
+
+  // True if one address of the network or more is on a device that is up.
+  [[nodiscard]] bool HasPartOf(const Network& network) const;
 
   // A device that is down and that, with others, has the network; empty if there is none.
   [[nodiscard]] std::string DeviceThatIsDown(const Network& network) const;

@@ -37,6 +37,12 @@ struct Reach {
   std::string DeviceThatIsDown;  // of the first of those
 };
 
+// True if nothing says that any address of the network can be reached. Routes to parts of it that
+// have neither its first nor its last address, nor a device, are not looked for.
+bool IsUnreachable(const Network& network, const Neighbourhood& neighbourhood) {
+  return !neighbourhood.HasPartOf(network) && !HasRoute(network.First) && !HasRoute(network.Last);
+}
+
 Reach ReachOf(const std::vector<Network>& networks, const Neighbourhood& neighbourhood) {
   Reach reach;
   for (const Network& network : networks) {
@@ -44,7 +50,7 @@ Reach ReachOf(const std::vector<Network>& networks, const Neighbourhood& neighbo
     if (!device.empty()) {
       if (reach.Down.empty()) reach.DeviceThatIsDown = device;
       reach.Down.push_back(network);
-    } else if (!HasRoute(network.First) && !HasRoute(network.Last)) {
+    } else if (IsUnreachable(network, neighbourhood)) {
       reach.Unreachable.push_back(network);
     } else {
       reach.Reachable.push_back(network);
