@@ -17,7 +17,7 @@ enum class Format { Lines, Table, Csv, Json, Map };
 // The format of this name: lines, table, csv, json or map. Nothing for any other text.
 std::optional<Format> ParseFormat(std::string_view name);
 
-// What a report is to be like.
+// The choices that a report is made by, besides its format.
 struct Layout {
   Selection Report = Selection::All;
   bool IsForTerminal = false;   // lines and csv too are without bytes that could steer a terminal

@@ -1,4 +1,6 @@
 // The format "csv": RFC 4180, safe to open in a spreadsheet.
+#include <string_view>
+
 #include "network/address.h"
 #include "network/formatters.h"
 #include "network/printable.h"
@@ -26,7 +28,9 @@ class CsvFormatter : public Formatter {
  private:
   [[nodiscard]] std::string Field(const std::string& text) const {
     std::string field = layout_.IsForTerminal ? Printable(text) : text;
-    if (field.find_first_of("=+-@\t\r") == 0) field.insert(0, 1, '\'');
+    constexpr std::string_view FormulaStarts = "=+-@\t\r";
+    const bool isFormula = !field.empty() && FormulaStarts.find(field[0]) != std::string_view::npos;
+    if (isFormula) field.insert(0, 1, '\'');
     if (field.find_first_of(",\"\r\n") == std::string::npos) return field;
     std::string quoted = "\"";
     for (const char byte : field) quoted.append(byte == '"' ? 2 : 1, byte);

@@ -60,7 +60,7 @@ std::optional<std::uint64_t> ParseDigits(std::string_view digits) {
 }
 
 // The number that a hardware address like 00-1A-2B-3C-4D-5E is; nothing for any other form.
-std::optional<std::uint64_t> ParseHardwareAddress(const std::string& text) {
+std::optional<std::uint64_t> NumberOf(const std::string& text) {
   std::string digits;
   if (text.size() != 17) return {};
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -88,7 +88,7 @@ std::string_view CommonDigits(std::string_view range) {
 
 std::string Makers::MakerOf(const std::string& hardwareAddress) {
   constexpr std::uint64_t LocalBit = 0x02'00'00'00'00'00;
-  const std::optional<std::uint64_t> address = ParseHardwareAddress(hardwareAddress);
+  const std::optional<std::uint64_t> address = NumberOf(hardwareAddress);
   if (!address) return {};
   if ((*address & LocalBit) != 0) return "(locally administered)";
   if (!isLoaded_) Load();

@@ -15,7 +15,7 @@ namespace hostsweep {
 constexpr std::uint32_t DefaultJobs = 256;
 constexpr std::uint32_t MaximalJobs = 1024;
 
-// What the command line asks for.
+// The task that the command line asks for.
 enum class Task { Sweep, PrintHelp, PrintVersion };
 
 struct Options {
@@ -35,7 +35,7 @@ Options ReadOptions(int argumentCount, char** arguments);
 // How the program is called, on one line without a line end.
 std::string UsageLine();
 
-// What --help prints.
+// The text that --help prints.
 std::string HelpText();
 
 }  // namespace hostsweep

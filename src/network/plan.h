@@ -1,4 +1,4 @@
-// The decision what to sweep, before anything is: which networks can be reached, and with what.
+// The plan of a sweep: which networks can be swept from this machine, and with which programs.
 #pragma once
 
 #include <string>

@@ -22,7 +22,7 @@ namespace hostsweep {
 // their groups, and waits for their end.
 class CommandSet {
  public:
-  // What is done with the standard output of a command.
+  // The use that is made of a command's standard output.
   enum class Output { Collect, Discard };
 
   struct Result {

@@ -27,7 +27,7 @@ class Shell {
 
   virtual ~Shell() = default;
 
-  // What the most recent command wrote, byte for byte; empty before the first one.
+  // The output of the most recent command, byte for byte; empty before the first one.
   [[nodiscard]] const Text& Result() const { return result_; }
 
  protected:

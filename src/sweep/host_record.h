@@ -1,4 +1,4 @@
-// What the sweep finds out about one address, and the line that reports it.
+// The record that the sweep makes of one address, and the line that reports it.
 #pragma once
 
 #include "platform/text/text.h"
@@ -7,7 +7,7 @@ namespace hostsweep {
 
 struct HostRecord {
   Text Address;
-  Text Name;             // what the reverse lookup gave; equal to `Address` if there is none
+  Text Name;             // from the reverse lookup; equal to `Address` if there is none
   Text HardwareAddress;  // from the ARP cache; empty if there is none
 };
 

@@ -9,9 +9,8 @@ namespace hostsweep {
 // The command line: "ping -c 1 -t 1 " followed by the address.
 Text ProbeCommand(const Text& address);
 
-// Runs `ProbeCommand`, which sends one echo request. The reply makes no
-// difference: to send the request the system has to resolve the hardware address, which is looked
-// up afterwards.
+// Runs `ProbeCommand`, which sends one echo request. The reply makes no difference: to send the
+// request the system has to resolve the hardware address, which is looked up afterwards.
 void ProbeAddress(Shell& shell, const Text& address);
 
 }  // namespace hostsweep

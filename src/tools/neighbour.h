@@ -1,6 +1,7 @@
 // Linux: the kernel's entries in the ARP cache, which it calls neighbours.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 

@@ -9,6 +9,7 @@
 
 #include "platform/caught_signals.h"
 #include "platform/child_process.h"
+#include "platform/pipe.h"
 #include "tools/tool.h"
 
 namespace hostsweep {
