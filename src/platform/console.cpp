@@ -7,41 +7,35 @@
 #include <string_view>
 
 #include "platform/exceptions.h"
+#include "platform/system_call.h"
 
 namespace hostsweep {
 namespace {
 
-// Returns when a non-blocking standard output can be written again.
-void WaitUntilWritable() {
-  pollfd wanted = {STDOUT_FILENO, POLLOUT, 0};
-  poll(&wanted, 1, -1);
+// Writes the whole text, and waits where a non-blocking descriptor takes no more of it now. Returns
+// false on an error.
+bool WriteAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written =
+        RetryInterrupted([&] { return write(descriptor, text.data(), text.size()); });
+    if (written > 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+      continue;
+    }
+    if (written == 0 || errno != EAGAIN) return false;
+    pollfd wanted = {descriptor, POLLOUT, 0};
+    poll(&wanted, 1, -1);
+  }
+  return true;
 }
 
 }  // namespace
 
 void Print(const Text& line) {
-  const std::string bytes = line.Bytes() + '\n';
-  std::string_view rest = bytes;
-  while (!rest.empty()) {
-    const ssize_t written = write(STDOUT_FILENO, rest.data(), rest.size());
-    if (written > 0) {
-      rest.remove_prefix(static_cast<std::size_t>(written));
-      continue;
-    }
-    if (written < 0 && errno == EINTR) continue;
-    if (written == 0 || errno != EAGAIN) Quit(0);
-    WaitUntilWritable();
-  }
+  if (!WriteAll(STDOUT_FILENO, line.Bytes() + '\n')) Quit(0);
 }
 
-void PrintError(const std::string& text) {
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    const ssize_t written = write(STDERR_FILENO, rest.data(), rest.size());
-    if (written < 0 && errno != EINTR) return;
-    if (written > 0) rest.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
+void PrintError(const std::string& text) { WriteAll(STDERR_FILENO, text); }
 
 void Quit(std::int64_t exitCode) { throw EndException(exitCode); }
 

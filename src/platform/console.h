@@ -12,7 +12,8 @@ namespace hostsweep {
 // system takes the line whole. Calls `Quit(0)` on a write error.
 void Print(const Text& line);
 
-// Writes the text to standard error. Ignores write errors: there is nowhere to report them.
+// Writes the text to standard error, all of it even where a non-blocking one takes it only later.
+// Ignores write errors: there is nowhere to report them.
 void PrintError(const std::string& text);
 
 // Ends the program with the exit code, by throwing the `EndException` that the frame catches:
