@@ -54,10 +54,9 @@ TEST_F(Frame, RunIsCalledInARegisteredApplicationWithItsVersionData) {
 
 TEST_F(Frame, VersionDataIsStoredInItsOrder) {
   app_._x_SetVersionData(1, 2, 3, 4, 5, "6", "7", "8");
-  EXPECT_EQ(Join({Str(app_.MajorVersion), Str(app_.MinorVersion), Str(app_.BugVersion),
-                  Str(app_.NonReleaseVersion), Str(app_.StageCode), app_.LongVersion,
-                  app_.ShortVersion, app_.PackageInfo},
-                 ""),
+  EXPECT_EQ(Str(app_.MajorVersion) + Str(app_.MinorVersion) + Str(app_.BugVersion) +
+                Str(app_.NonReleaseVersion) + Str(app_.StageCode) + app_.LongVersion +
+                app_.ShortVersion + app_.PackageInfo,
             "12345678");
 }
 

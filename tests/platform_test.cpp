@@ -1,10 +1,12 @@
-// src/platform/: pipes, caught signals, child processes, the shell and standard output.
+// src/platform/: pipes, caught signals, child processes, the shell, standard output, and the search
+// path with the tools on it.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/time.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <thread>
 
 #include "platform/caught_signals.h"
@@ -12,7 +14,10 @@
 #include "platform/console.h"
 #include "platform/environment.h"
 #include "platform/process.h"
+#include "platform/search_path.h"
 #include "platform/shell.h"
+#include "platform/tools_directory.h"
+#include "tools/next_program.h"
 
 namespace hostsweep {
 namespace {
@@ -112,7 +117,9 @@ TEST(ChildProcess, TellsItsEndWhateverTheSignals) {
     EXPECT_FALSE(interrupted.Child.WasKilled());
 
     signal(SIGCHLD, SIG_IGN);  // so that the system does not keep how a child ends
-    EXPECT_EQ(Start("exit 3", group).Child.Wait(), 0);
+    Running forgotten = Start("exit 3", group);
+    EXPECT_EQ(forgotten.Child.Wait(), 0);
+    EXPECT_TRUE(forgotten.Child.HasEnded());
     signal(SIGCHLD, SIG_DFL);
   }
   const itimerval never = {};
@@ -129,11 +136,8 @@ std::string OutputOf(const std::string& command) {
 TEST(Shell, CollectsStandardOutputHoweverTheCommandEnds) {
   const std::pair<const char*, std::string> rows[] = {
       {"printf 'a\\n\\nb\\000\\377'", std::string("a\n\nb\0\xFF", 6)},
-      {"printf a; sleep 0.2; head -c 4194304 /dev/zero; sleep 0.2; printf b",
-       'a' + std::string(4194304, '\0') + 'b'},
-      {"no-such-program", ""},
-      {"echo Message; echo error >&2; exit 1", "Message\n"},
-      {"cat; echo read", "read\n"},
+      {"printf a; sleep 0.2; dd if=/dev/zero bs=1 count=300000", 'a' + std::string(300000, '\0')},
+      {"cat; echo Message; echo error >&2; no-such-program", "Message\n"},
       {"echo before; kill -9 $$; echo after", "before\n"},
       {"echo  'a  b' \"$0\"", "a  b /bin/sh\n"},
       {"(sleep 3; echo late) & echo now", "now\n"}};
@@ -153,11 +157,14 @@ TEST(Shell, WaitsForTheCommandAlone) {
   EXPECT_EQ(output.find("late\n"), std::string::npos);
 }
 
-TEST(PrepareProcess, OpensStandardInputAndGivesCommandsTheSignalsThatTheCallerMeantForThem) {
+TEST(PrepareProcess, OpensStandardDescriptorsAndGivesCommandsTheSignalsThatTheCallerMeantForThem) {
   for (const int number : {SIGCHLD, SIGQUIT}) signal(number, SIG_IGN);
-  close(STDIN_FILENO);
+  const Descriptor standardOutput(dup(STDOUT_FILENO));
+  for (const int number : {STDIN_FILENO, STDOUT_FILENO}) close(number);
   PrepareProcess();
-  EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), 0);
+  for (const int number : {STDIN_FILENO, STDOUT_FILENO}) EXPECT_EQ(fcntl(number, F_GETFD), 0);
+  EXPECT_EQ(write(STDOUT_FILENO, "", 1), -1);
+  dup2(standardOutput.Number(), STDOUT_FILENO);
   EXPECT_EQ(signal(SIGCHLD, SIG_DFL), SIG_DFL);
   EXPECT_EQ(OutputOf("kill -PIPE $$; echo ignored"), "");
   EXPECT_EQ(OutputOf("kill -XFSZ $$; echo ignored"), "");
@@ -180,6 +187,66 @@ TEST(Print, WritesALineThatThePipeDoesNotTakeWhole) {
   pipe.Writer.Close();
   reader.join();
   EXPECT_TRUE(received == line + '\n') << received.size();
+}
+
+// A working directory of the test's own. It holds two programs called Arp, in own and other; the
+// Arp in data and the one in some are not programs.
+class SearchPaths : public testing::Test {
+ protected:
+  SearchPaths() {
+    EXPECT_EQ(chdir(mkdtemp(directory_.data())), 0);
+    EXPECT_EQ(std::system("mkdir -p own other data some/Arp tree/libexec/hostsweep "
+                          "a:b/libexec/hostsweep file/libexec && touch file/libexec/hostsweep "
+                          "own/Arp other/Arp data/Arp && chmod +x own/Arp other/Arp && "
+                          "ln -s own linked && ln -s /usr/bin system"),
+              0);
+  }
+  ~SearchPaths() override {
+    EXPECT_EQ(chdir("/") + std::system(("rm -r " + directory_).c_str()), 0);
+  }
+
+ private:
+  std::string directory_ = testing::TempDir() + "hostsweep.XXXXXX";
+};
+
+TEST_F(SearchPaths, ToolsComeOnceBeforeTheSystemsDirectoriesAndMissingOnesLast) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"", "own:/usr/bin:"},
+      {"/opt/usr/bin:/usr/bin2", "/opt/usr/bin:/usr/bin2:own:/usr/bin:"},
+      {"/a:/usr/sbin//:/b:/usr/bin", "/a:own:/usr/sbin//:/b:/usr/bin"},
+      {":system::system", ":own:system::system:"},
+      {"own:/a", "/a:own:/usr/bin:"},
+      {"/usr/bin:/a:linked/", "own:/usr/bin:/a:"},
+      {"own/.:none:own//:/usr/bin:linked", "none:own:/usr/bin:"}};
+  for (const auto& [callers, begin] : rows) {
+    const std::string path = SearchPath(callers, "own");
+    EXPECT_EQ(path.substr(0, std::string(begin).size()), begin);
+    EXPECT_NE(path.find("/usr/sbin"), std::string::npos);
+    EXPECT_EQ(path.find("own"), path.rfind("own"));
+  }
+  EXPECT_EQ(SearchPath("/usr/bin:/bin:/usr/sbin:/sbin", ""), "/usr/bin:/bin:/usr/sbin:/sbin");
+  EXPECT_EQ(SearchPath("none:", "gone").substr(0, 15), "none::gone:/usr");
+}
+
+TEST_F(SearchPaths, ToolsAreBesideTheProgramsDirectory) {
+  EXPECT_EQ(ToolsDirectory("tree/bin/x"), "tree/libexec/hostsweep");
+  for (const char* program : {"a:b/bin/x", "file/bin/x", "none/bin/x", ""})
+    EXPECT_EQ(ToolsDirectory(program), "") << program;
+}
+
+TEST_F(SearchPaths, TheNextProgramIsTheFirstOtherOneAfterTheLastNameOfItsOwn) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"own:other", "other/Arp"},
+      {"other:own", ""},
+      {"own:other:linked//", ""},
+      {"own/:none:data:some:other/:/", "other//Arp"},
+      {"none:other", "other/Arp"}};  // run by its path
+  for (const auto& [path, next] : rows)
+    EXPECT_EQ(NextProgram(path, "Arp", "own/Arp"), next) << path;
+  EXPECT_EQ(NextProgram("other", "Arp", ""), "");
+  ASSERT_EQ(chdir("other"), 0);
+  EXPECT_EQ(NextProgram("../own", "Arp", "../own/Arp"), "");        // not in the working directory,
+  EXPECT_EQ(NextProgram("../own:", "Arp", "../own/Arp"), "./Arp");  // unless the path names it
 }
 
 }  // namespace

@@ -15,11 +15,13 @@ TEST(Text, EqualityIgnoresLetterCaseInAsciiOnly) {
   EXPECT_NE(Text("\u00C4"), Text("\u00E4"));
 }
 
-// Characters of each size, the first of each size, the last before the surrogates and the last of
-// all; overlong forms, a surrogate, and what would follow the last; bytes that begin nothing, or
-// begin a character that a letter or the end cuts off.
+// Characters of each size, the first and the last of each size, and those at the bounds of the
+// leads that not every byte can follow; overlong forms, a surrogate, and what would follow the
+// last; bytes that begin nothing, or begin a character that a letter or the end cuts off.
 TEST(Text, CountsCharactersWhateverTheBytes) {
-  for (const char* one : {"\xED\x9F\xBF", "\xF4\x8F\xBF\xBF"}) EXPECT_EQ(Len(one), 1) << one;
+  for (const char* one :
+       {"\u07FF", "\uD7FF", "\xED\x80\x80", "\uFFFF", "\xF4\x80\x80\x80", "\U0010FFFF"})
+    EXPECT_EQ(Len(one), 1) << one;
   for (const char* two : {"\xC0\x80", "\xC3\xC0", "\x80\xFF", "\xE2\x82"})
     EXPECT_EQ(Len(two), 2) << two;
   for (const char* three : {"\u0080\u0800\U00010000", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xE2\x82z"})
