@@ -1,6 +1,7 @@
 #include "network/lookup.h"
 
 #include <algorithm>
+#include <csignal>
 
 #include "network/address.h"
 #include "network/name_answer.h"
@@ -13,9 +14,10 @@
 namespace hostsweep {
 namespace {
 
-// Exit statuses of sh(1): from the first on, the command has not been run or has been killed.
+// Exit statuses of sh(1): from the first on, the command has not been run or a signal has
+// terminated it; the second is that of SIGKILL.
 constexpr int CannotRun = 126;
-constexpr int Killed = 128;
+constexpr int Killed = 128 + SIGKILL;
 
 bool HasRun(const CommandSet::Result& result) {
   return !result.WasKilled && result.Status < CannotRun;
@@ -88,10 +90,9 @@ void Lookup::TakeProbe(const CommandSet::Result& result, Clock::time_point now) 
   using std::chrono::milliseconds;
   lastRequest_ = std::max(begin_ + milliseconds(2300), now + milliseconds(1300));
   probeStatus_ = result.Status;
-  // Tools that end ping by a signal give the status of that.
-  if (result.WasKilled || (result.Status >= CannotRun && result.Status < Killed)) {
-    troubles_.Add(Trouble::CommandFailed);
-  }
+  // The tool that limits the time of a ping without an answer kills it.
+  const bool isTimedOut = !result.WasKilled && result.Status == Killed;
+  if (!HasRun(result) && !isTimedOut) troubles_.Add(Trouble::CommandFailed);
   step_ = programs_.HasHost ? Step::Name : Step::HardwareAddress;
 }
 
