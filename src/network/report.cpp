@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "network/address.h"
-#include "network/address_walk.h"
 
 namespace hostsweep {
 
@@ -30,7 +29,8 @@ void Report::End(bool isComplete) {
   if (!isOfFree_) {
     output_.Add(formatter_->End());
   } else if (isComplete) {
-    AddFree();
+    output_.Add(formatter_->Begin());
+    toAdd_.emplace(networks_);
   }
 }
 
@@ -42,18 +42,24 @@ std::string Report::Summary(std::chrono::milliseconds time) const {
          seconds.data() + " s";
 }
 
+bool Report::AddFree() {
+  constexpr std::size_t PartSize = 1U << 16U;
+  while (toAdd_ && output_.Size() < PartSize) AddNext();
+  return output_.Size() > 0;
+}
+
 // The other addresses are given to the formatter as ones that are not free: a map needs them.
-void Report::AddFree() {
-  output_.Add(formatter_->Begin());
-  auto next = free_.begin();
-  AddressWalk walk(networks_);
-  while (const auto address = walk.Next()) {
-    const std::string text = FormatAddress(*address);
-    const bool isFree = next != free_.end() && *next == *address;
-    if (isFree) ++next;
-    output_.Add(formatter_->Add(MakeFinding(*address, {text, text, ""}, isFree)));
+void Report::AddNext() {
+  const std::optional<std::uint32_t> address = toAdd_->Next();
+  if (!address) {
+    output_.Add(formatter_->End());
+    toAdd_.reset();
+    return;
   }
-  output_.Add(formatter_->End());
+  const std::string text = FormatAddress(*address);
+  const bool isFree = freeCount_ < free_.size() && free_[freeCount_] == *address;
+  if (isFree) ++freeCount_;
+  output_.Add(formatter_->Add(MakeFinding(*address, {text, text, ""}, isFree)));
 }
 
 }  // namespace hostsweep

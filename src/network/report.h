@@ -2,11 +2,14 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "network/address_walk.h"
 #include "network/finding.h"
 #include "network/format.h"
 #include "network/makers.h"
@@ -23,9 +26,13 @@ class Report {
 
   void Add(const Finding& finding);
 
-  // Ends the report. One of the free addresses is made only now, and is empty unless every address
+  // Ends the report. One of the free addresses begins only now, and is empty unless every address
   // was swept completely: before that none is known to be free.
   void End(bool isComplete);
+
+  // Adds the next part of the free addresses to an `Output` that is empty. Returns false if there
+  // is none left.
+  bool AddFree();
 
   // The text that standard output has yet to take.
   OutputQueue& Output() { return output_; }
@@ -34,7 +41,7 @@ class Report {
   [[nodiscard]] std::string Summary(std::chrono::milliseconds time) const;
 
  private:
-  void AddFree();
+  void AddNext();
 
   const std::vector<Network>& networks_;
   bool isOfFree_;
@@ -42,6 +49,8 @@ class Report {
   std::unique_ptr<Formatter> formatter_;
   OutputQueue output_;
   std::vector<std::uint32_t> free_;
+  std::size_t freeCount_ = 0;         // of those that have been added
+  std::optional<AddressWalk> toAdd_;  // the addresses from which they are taken
   std::uint64_t count_ = 0;
   std::uint64_t upCount_ = 0;
   std::uint64_t namedCount_ = 0;

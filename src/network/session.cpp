@@ -69,7 +69,7 @@ class Session {
       sweeper_.Start(Clock::now(), MayBegin());
       PassFindings();
       if (!Write()) return {SIGPIPE, 1};
-      if (isReported_ && report_.Output().Size() == 0) return Finish();
+      if (isReported_ && report_.Output().Size() == 0 && !report_.AddFree()) return Finish();
       if (!Wait()) return {SIGPIPE, 1};
       if (const std::optional<int> signal = HandleSignals()) return {signal, 1};
       for (const CommandSet::Result& result : commands_.TakeEnded()) {
