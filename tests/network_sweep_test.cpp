@@ -43,7 +43,7 @@ class OneLookup : public testing::Test {
   }
 
   Clock::time_point now_ = Clock::time_point() + std::chrono::hours(1);
-  Lookup lookup_{0x0A000007, {}, true};
+  Lookup lookup_{0x0A000007, {}, Place::Neighbour};
   std::string commands_;
 };
 
@@ -73,7 +73,7 @@ TEST_F(OneLookup, LooksOnceMoreAfterTheLastRequest) {
 
 TEST_F(OneLookup, LooksNoMoreThanThat) {
   for (const bool isLate : {false, true}) {
-    lookup_ = Lookup(0x0A000007, {}, true);
+    lookup_ = Lookup(0x0A000007, {}, Place::Neighbour);
     StepSilently();
     if (isLate) now_ = lookup_.CanWaitUntil();
     Step(Incomplete);
@@ -86,39 +86,64 @@ TEST_F(OneLookup, LooksNoMoreThanThat) {
   }
 }
 
+TEST_F(OneLookup, ProbesAgainWhereTheKernelHasNotAsked) {
+  for (const char* const entry : {Complete, NoEntry}) {
+    lookup_ = Lookup(0x0A000007, {}, Place::Neighbour);
+    commands_.clear();
+    StepSilently();
+    Step(NoEntry, 1);
+    ASSERT_EQ(lookup_.Current(), Lookup::Step::Probe);
+    Step("", 137, milliseconds(1000));
+    Step(entry);
+    ASSERT_EQ(lookup_.Current(), Lookup::Step::Done);
+    EXPECT_EQ(lookup_.Troubles().Has(Trouble::ProbeFailed), entry == NoEntry);
+    EXPECT_EQ(commands_.find("host"), commands_.rfind("host"));  // the name is known
+  }
+  for (const Place place : {Place::Elsewhere, Place::Reserved}) {
+    lookup_ = Lookup(0x0A000007, {}, place);
+    StepSilently();
+    Step(NoEntry, 1);
+    EXPECT_TRUE(lookup_.Result().IsComplete);
+    EXPECT_EQ(IsFree(lookup_.Result()), place == Place::Elsewhere);
+  }
+}
+
 TEST_F(OneLookup, ClaimsNothingThatWasNotAnswered) {
   // Output and status of host and of Arp, the status of ping, and the sentence.
   const std::tuple<const char*, int, const char*, int, int, const char*> rows[] = {
-      {NoName, 1, NoEntry, 1, 1, ""},
-      {NoName, 1, NoEntry, 1, 137, ""},
-      {NoName, 1, NoEntry, 1, 126, "a command could not"},
-      {NoName, 1, NoEntry, 1, 127, "a command could not"},
-      {"x domain name pointer nas.\n", 137, NoEntry, 1, 0, "a command could not"},
-      {"", 0, NoEntry, 1, 0, "a command could not"},
+      {NoName, 1, Incomplete, 0, 1, ""},
+      {NoName, 1, Incomplete, 0, 2, "ping could not"},
+      {NoName, 1, Complete, 0, 2, ""},
+      {NoName, 1, Incomplete, 0, 127, "a command could not"},
+      {NoName, 1, Incomplete, 0, 139, "a command could not"},
+      {"x domain name pointer nas.\n", 137, Complete, 0, 0, "a command could not"},
+      {"", 0, Complete, 0, 0, "a command could not"},
       {";; no servers could be reached\n", 1, Complete, 0, 0, "no name server answered"},
       {"Host 7 not found: 5(REFUSED)\n", 1, Complete, 0, 0, "the name server refused"},
       {"Host 7 not found: 2(SERVFAIL)\n", 1, Complete, 0, 0, "the name server failed"},
       {NoName, 1, "", 0, 0, "a command could not"},
       {NoName, 1, Complete, 127, 0, "a command could not"}};
   for (const auto& [name, nameStatus, entry, entryStatus, pingStatus, sentence] : rows) {
-    lookup_ = Lookup(0x0A000007, {}, true);
+    lookup_ = Lookup(0x0A000007, {}, Place::Neighbour);
     Step("", pingStatus);
     Step(name, nameStatus);
     Step(entry, entryStatus);
+    ASSERT_EQ(lookup_.Current(), Lookup::Step::Done) << pingStatus;
     TroubleCounts counts;
-    counts.Add(lookup_.Troubles());
+    counts.Add(lookup_.Troubles(), 0x0A000007);
     const std::vector<std::string> sentences = counts.Describe(9);
     EXPECT_EQ(sentences.size(), *sentence == '\0' ? 0U : 1U) << name << entry << pingStatus;
     EXPECT_EQ(lookup_.Result().IsComplete, sentences.empty());
     if (sentences.empty()) continue;
     EXPECT_EQ(sentences[0].find(sentence), 0U) << sentences[0];
     EXPECT_NE(sentences[0].find(" for 1 of 9 addresses: "), std::string::npos) << sentences[0];
+    EXPECT_EQ(sentences[0].find("ADDRESS"), std::string::npos) << sentences[0];
   }
 }
 
 TEST_F(OneLookup, LeavesOutTheStepsOfMissingPrograms) {
   for (const bool hasPing : {false, true}) {
-    lookup_ = Lookup(0x0A000007, {hasPing, !hasPing}, true);
+    lookup_ = Lookup(0x0A000007, {hasPing, !hasPing}, Place::Neighbour);
     Step(hasPing ? "" : NoName);
     while (lookup_.Current() != Lookup::Step::Done) {
       now_ = std::max(now_, lookup_.NotBefore());
@@ -161,11 +186,12 @@ TEST(Neighbourhood, KnowsWhatTheDevicesAreOn) {
     EXPECT_EQ(neighbourhood.Has(ParseNetwork(text)), has) << text;
     EXPECT_EQ(neighbourhood.DeviceThatIsDown(ParseNetwork(text)), down) << text;
   }
-  for (const char* const host : {"10.0.0.1", "255.255.255.255"}) {
-    EXPECT_TRUE(neighbourhood.HasHost(*ParseAddress(host))) << host;
-  }
-  for (const char* const other : {"10.0.0.0", "10.0.0.255", "10.0.2.1", "10.0.3.1"}) {
-    EXPECT_FALSE(neighbourhood.HasHost(*ParseAddress(other))) << other;
+  const std::pair<const char*, Place> places[] = {
+      {"10.0.0.1", Place::Neighbour}, {"255.255.255.255", Place::Neighbour},
+      {"10.0.0.0", Place::Reserved},  {"10.0.0.255", Place::Reserved},
+      {"10.0.2.1", Place::Elsewhere}, {"10.0.3.1", Place::Elsewhere}};
+  for (const auto& [address, place] : places) {
+    EXPECT_EQ(neighbourhood.PlaceOf(*ParseAddress(address)), place) << address;
   }
 }
 
@@ -203,6 +229,7 @@ TEST(Report, TellsFreeAddressesOnlyAfterACompleteSweep) {
     report.Add(MakeFinding(0x0A000004, {"10.0.0.4", "10.0.0.4", ""}, true));
     EXPECT_EQ(report.Output().Size(), 0U);
     report.End(isComplete);
+    report.AddFree();
     EXPECT_EQ(report.Output().Size(), isComplete ? 22U : 0U);  // "10.0.0.1          . ."
     EXPECT_EQ(report.Summary(milliseconds(3260)), "4 addresses: 1 up, 1 more with a name, 3.3 s");
   }

@@ -27,7 +27,7 @@ Finding MakeFinding(std::uint32_t address, const HostRecord& record, bool isComp
 bool IsUp(const Finding& finding) { return !finding.HardwareAddress.empty(); }
 
 bool IsFree(const Finding& finding) {
-  return finding.IsComplete && !finding.HasName && !IsUp(finding);
+  return finding.IsComplete && !finding.IsReserved && !finding.HasName && !IsUp(finding);
 }
 
 bool IsSelected(const Finding& finding, Selection selection) {

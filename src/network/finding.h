@@ -15,7 +15,8 @@ struct Finding {
   bool HasName = false;
   std::string HardwareAddress;  // empty if there is none
   std::string Line;             // the report line of hostsweep, without its line end
-  bool IsComplete = false;      // every lookup had an answer
+  bool IsComplete = false;      // every look-up had an answer
+  bool IsReserved = false;      // no host can have the address
 };
 
 // The addresses that a report has.
@@ -27,8 +28,8 @@ Finding MakeFinding(std::uint32_t address, const HostRecord& record, bool isComp
 // True if a host is there: it has a hardware address.
 bool IsUp(const Finding& finding);
 
-// True if nothing is known to use the address: it has neither a name nor a hardware address, and
-// every lookup had an answer.
+// True if a host could be given the address: it has neither a name nor a hardware address, every
+// look-up had an answer, and it is not reserved.
 bool IsFree(const Finding& finding);
 
 bool IsSelected(const Finding& finding, Selection selection);

@@ -10,7 +10,7 @@ char Mark(const Finding& finding, Selection report) {
   if (!IsSelected(finding, report)) return ' ';
   if (IsUp(finding)) return '#';
   if (finding.HasName) return '+';
-  return IsFree(finding) ? '.' : '?';
+  return finding.IsComplete ? '.' : '?';
 }
 
 class MapFormatter : public Formatter {

@@ -5,6 +5,7 @@
 
 #include "network/address.h"
 #include "network/name_answer.h"
+#include "platform/exit_status.h"
 #include "platform/ping_status.h"
 #include "platform/text/text_operations.h"
 #include "sweep/hardware_address.h"
@@ -14,16 +15,9 @@
 namespace hostsweep {
 namespace {
 
-// Exit statuses of sh(1): from the first on, the command has not been run or a signal has
-// terminated it; the second is that of SIGKILL.
-constexpr int CannotRun = 126;
-constexpr int Killed = 128 + SIGKILL;
-
 bool HasRun(const CommandSet::Result& result) {
-  return !result.WasKilled && result.Status < CannotRun;
+  return !result.WasKilled && result.Status < ExitCannotRun;
 }
-
-bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) > 0; }
 
 Trouble TroubleOf(NameAnswer answer) {
   switch (answer) {
@@ -38,10 +32,10 @@ Trouble TroubleOf(NameAnswer answer) {
 
 }  // namespace
 
-Lookup::Lookup(std::uint32_t address, Programs programs, bool canHaveEntry)
+Lookup::Lookup(std::uint32_t address, Programs programs, Place place)
     : address_(address),
       programs_(programs),
-      canHaveEntry_(canHaveEntry),
+      place_(place),
       step_(programs.HasPing   ? Step::Probe
             : programs.HasHost ? Step::Name
                                : Step::HardwareAddress) {
@@ -82,25 +76,31 @@ void Lookup::Skip(Trouble reason) {
   step_ = Step::Done;
 }
 
-Finding Lookup::Result() const { return MakeFinding(address_, record_, troubles_.IsEmpty()); }
+Finding Lookup::Result() const {
+  Finding finding = MakeFinding(address_, record_, troubles_.IsEmpty());
+  finding.IsReserved = place_ == Place::Reserved;
+  return finding;
+}
 
 // The kernel asks three times, a second apart (arp(7)), beginning some time after ping has been
-// started and before it has ended. A timer of the kernel can be an eighth late.
+// started and before it has ended. A timer of the kernel can be an eighth late. A ping that ends
+// without an answer before its time is over has been told that the kernel has given up.
 void Lookup::TakeProbe(const CommandSet::Result& result, Clock::time_point now) {
   using std::chrono::milliseconds;
-  lastRequest_ = std::max(begin_ + milliseconds(2300), now + milliseconds(1300));
   probeStatus_ = result.Status;
   // The tool that limits the time of a ping without an answer kills it.
-  const bool isTimedOut = !result.WasKilled && result.Status == Killed;
+  const bool isTimedOut = !result.WasKilled && result.Status == ExitSignal + SIGKILL;
   if (!HasRun(result) && !isTimedOut) troubles_.Add(Trouble::CommandFailed);
-  step_ = programs_.HasHost ? Step::Name : Step::HardwareAddress;
+  lastRequest_ = isTimedOut ? std::max(begin_ + milliseconds(2400), now + milliseconds(1400)) : now;
+  notBefore_ = {};
+  step_ = programs_.HasHost && !isProbedAgain_ ? Step::Name : Step::HardwareAddress;
 }
 
 void Lookup::TakeName(const CommandSet::Result& result) {
   const Text output = result.Output;
   record_.Name = ParseHostName(output, record_.Address);
   step_ = Step::HardwareAddress;
-  if (!HasRun(result) || result.Output.empty()) {
+  if (!HasRun(result) || result.IsCut || result.Output.empty()) {
     troubles_.Add(Trouble::CommandFailed);
     return;
   }
@@ -118,12 +118,18 @@ void Lookup::TakeHardwareAddress(const CommandSet::Result& result) {
     notBefore_ = lastRequest_;
     return;
   }
+  const bool isUnasked = isAbsent && place_ == Place::Neighbour && programs_.HasPing;
+  if (isUnasked && !isProbedAgain_) {
+    isProbedAgain_ = true;
+    step_ = Step::Probe;
+    return;
+  }
   step_ = Step::Done;
   if (!HasRun(result) || (!isIncomplete && !isAbsent && !Contains(output, " at "))) {
     troubles_.Add(Trouble::CommandFailed);
   }
-  const bool isUnasked = record_.HardwareAddress == "" && TellsSendFailure(probeStatus_);
-  if (isUnasked && canHaveEntry_) troubles_.Add(Trouble::ProbeFailed);
+  const bool isUnsent = record_.HardwareAddress == "" && TellsSendFailure(probeStatus_);
+  if (isUnasked || (isUnsent && place_ == Place::Neighbour)) troubles_.Add(Trouble::ProbeFailed);
 }
 
 }  // namespace hostsweep

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "network/finding.h"
+#include "network/neighbourhood.h"
 #include "network/troubles.h"
 #include "platform/command_set.h"
 #include "platform/text/text.h"
@@ -23,13 +24,14 @@ struct Programs {
 
 // Takes an address through the steps of `hostsweep`, in the same order: probe, host name, hardware
 // address. Where the entry in the ARP cache is incomplete then, it is looked up once more, after
-// the kernel has sent its last ARP request, so that a host that answers late is found.
+// the kernel has sent its last ARP request, so that a host that answers late is found. Where there
+// is no entry although the kernel has been made to ask, the address is probed once more: the entry
+// has been thrown away, or the network has gone.
 class Lookup {
  public:
   enum class Step { Probe, Name, HardwareAddress, Done };
 
-  // `canHaveEntry` says whether the kernel asks for the hardware address of a host at this address.
-  Lookup(std::uint32_t address, Programs programs, bool canHaveEntry);
+  Lookup(std::uint32_t address, Programs programs, Place place);
 
   [[nodiscard]] Step Current() const { return step_; }
 
@@ -54,6 +56,7 @@ class Lookup {
   // True after `Skip`: there is no finding.
   [[nodiscard]] bool IsSkipped() const { return isSkipped_; }
 
+  [[nodiscard]] std::uint32_t Address() const { return address_; }
   [[nodiscard]] Finding Result() const;
   [[nodiscard]] const TroubleSet& Troubles() const { return troubles_; }
 
@@ -65,13 +68,14 @@ class Lookup {
   std::uint32_t address_;
   HostRecord record_;
   Programs programs_;
-  bool canHaveEntry_;
+  Place place_;
   Step step_;
   Clock::time_point begin_;        // of the current command
   Clock::time_point notBefore_;    // for the next one
   Clock::time_point lastRequest_;  // by then the kernel has sent its last ARP request
   int probeStatus_ = 0;
   bool isSkipped_ = false;
+  bool isProbedAgain_ = false;
   TroubleSet troubles_;
 };
 

@@ -8,8 +8,6 @@
 namespace hostsweep {
 namespace {
 
-bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) > 0; }
-
 // The answer that the line tells. A response code is that of RFC 1035, section 4.1.1.
 std::optional<NameAnswer> AnswerIn(const Text& line) {
   if (Contains(line, "not found: 3(")) return NameAnswer::NoName;

@@ -74,12 +74,15 @@ std::string Neighbourhood::DeviceThatIsDown(const Network& network) const {
   return found == devices_.end() ? "" : found->Device;
 }
 
-bool Neighbourhood::HasHost(std::uint32_t address) const {
-  return std::any_of(devices_.begin(), devices_.end(), [&](const DeviceAddress& device) {
-    const bool isHost = LastOf(device) - FirstOf(device) < 2 ||
-                        (address != FirstOf(device) && address != LastOf(device));
-    return device.IsUp && Contains(device, address) && isHost;
-  });
+Place Neighbourhood::PlaceOf(std::uint32_t address) const {
+  Place place = Place::Elsewhere;
+  for (const DeviceAddress& device : devices_) {
+    if (!device.IsUp || !Contains(device, address)) continue;
+    const bool isAtEnd = address == FirstOf(device) || address == LastOf(device);
+    if (isAtEnd && LastOf(device) - FirstOf(device) > 1) return Place::Reserved;
+    place = Place::Neighbour;
+  }
+  return place;
 }
 
 }  // namespace hostsweep

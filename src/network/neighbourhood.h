@@ -11,6 +11,10 @@
 
 namespace hostsweep {
 
+// The place of an address: on no device that is up, one that a host on such a device can have, or
+// the address of such a device's network or its broadcast address, which no host can have.
+enum class Place { Elsewhere, Neighbour, Reserved };
+
 class Neighbourhood {
  public:
   explicit Neighbourhood(std::vector<DeviceAddress> devices) : devices_(std::move(devices)) {}
@@ -28,9 +32,7 @@ class Neighbourhood {
   // A device that is down and that, with others, has the network; empty if there is none.
   [[nodiscard]] std::string DeviceThatIsDown(const Network& network) const;
 
-  // True if a host can have the address: it is on a device that is up, and is not the address of
-  // that device's network or its broadcast address.
-  [[nodiscard]] bool HasHost(std::uint32_t address) const;
+  [[nodiscard]] Place PlaceOf(std::uint32_t address) const;
 
  private:
   std::vector<DeviceAddress> devices_;

@@ -180,7 +180,7 @@ FORMAT is one of:
   map    a character for each address: "#" up, "+" a name only, "." free,
          "?" not known
 
-Exit status: 0 if every address was swept and every lookup had an answer; 1 if
+Exit status: 0 if every address was swept and every look-up had an answer; 1 if
 not, for reasons that standard error says; 2 if the arguments cannot be used.
 )";
 }

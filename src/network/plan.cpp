@@ -67,7 +67,9 @@ std::vector<Network> NetworksOf(const Options& options, const Neighbourhood& nei
   std::vector<Network> leftOut;
   std::vector<Network> networks = neighbourhood.LocalNetworks(leftOut);
   if (!leftOut.empty()) {
-    notes.push_back(NamesOf(leftOut) + ": left out, as larger than a /20; give it as an argument");
+    notes.push_back(
+        NamesOf(leftOut) +
+        ": left out, as larger than a /20; give it, or a part of at most a /16, as an argument");
   }
   if (networks.empty()) notes.emplace_back("no device of this machine is on a network to sweep");
   return networks;
@@ -88,8 +90,8 @@ void CheckReach(const Options& options, const Neighbourhood& neighbourhood, Plan
   if (reach.Beyond.empty()) return;
   plan.IsRefused = options.Report != Selection::All;
   plan.Notes.push_back(
-      "no device of this machine is on " + NamesOf(reach.Beyond) +
-      ": no hardware addresses can be seen from here" +
+      "no device of this machine is on all of " + NamesOf(reach.Beyond) +
+      ": no hardware addresses beyond its own networks can be seen from here" +
       (plan.IsRefused ? ", so --up and --free cannot tell; use a machine there" : ""));
 }
 

@@ -19,10 +19,18 @@ std::string FormatTime(std::chrono::milliseconds time) {
 // The time left as the share of what is done suggests, after a space; empty before anything is.
 std::string FormatTimeLeft(std::uint64_t done, std::uint64_t total,
                            std::chrono::milliseconds elapsed) {
-  if (done == 0) return {};
+  if (done * 10 < total || done == 0) return {};  // too little to tell from
   const auto left =
       static_cast<std::int64_t>(total - done) * elapsed.count() / static_cast<std::int64_t>(done);
   return ' ' + FormatTime(std::chrono::milliseconds(left)) + " left";
+}
+
+// The columns that a line may take. The last one stays free: some terminals begin a new line after
+// it.
+int Room() {
+  constexpr int UsualColumns = 80;
+  const int columns = ColumnsOf(StandardError);
+  return (columns > 0 ? columns : UsualColumns) - 1;
 }
 
 }  // namespace
@@ -50,22 +58,24 @@ std::string FormatProgress(std::uint64_t done, std::uint64_t total,
 void Progress::Show(std::uint64_t done, Clock::time_point now) {
   if (!isEnabled_ || now < nextTime_) return;
   nextTime_ = now + Interval;
-  if (!CanWrite(StandardError)) return;
+  if (!CanWrite(StandardError) || !IsForeground(StandardError)) return;
   const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - begin_);
-  constexpr int UsualColumns = 80;
-  const int columns = ColumnsOf(StandardError);
-  // The last column stays free: some terminals begin a new line after it.
-  const std::string line =
-      FormatProgress(done, total_, elapsed, (columns > 0 ? columns : UsualColumns) - 1);
-  const std::size_t rest = width_ > line.size() ? width_ - line.size() : 0;
+  const std::string line = FormatProgress(done, total_, elapsed, Room());
+  Draw(line);
   width_ = line.size();
-  PrintError('\r' + line + std::string(rest, ' ') + '\r');
 }
 
 void Progress::Erase() {
-  if (width_ == 0) return;
-  PrintError('\r' + std::string(width_, ' ') + '\r');
+  if (width_ > 0) Draw("");
   width_ = 0;
+}
+
+// Draws the line over the last one; on a terminal that has become narrower, over what is left of
+// it.
+void Progress::Draw(const std::string& line) const {
+  const std::size_t room = std::min(width_, static_cast<std::size_t>(std::max(Room(), 0)));
+  const std::size_t rest = room > line.size() ? room - line.size() : 0;
+  PrintError('\r' + line + std::string(rest, ' ') + '\r');
 }
 
 void Progress::TryErase() {

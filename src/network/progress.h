@@ -13,8 +13,8 @@ namespace hostsweep {
 std::string FormatProgress(std::uint64_t done, std::uint64_t total,
                            std::chrono::milliseconds elapsed, int columns);
 
-// Draws the line in place on a terminal. Draws nothing if it is not enabled, and nothing while the
-// terminal is stopped: a write would wait, and signals with it.
+// Draws the line in place on a terminal. Draws nothing if it is not enabled, while the terminal is
+// stopped (a write would wait, and signals with it), and in the background of the terminal.
 class Progress {
  public:
   using Clock = std::chrono::steady_clock;
@@ -38,6 +38,8 @@ class Progress {
   [[nodiscard]] bool IsEnabled() const { return isEnabled_; }
 
  private:
+  void Draw(const std::string& line) const;
+
   bool isEnabled_;
   std::uint64_t total_;
   Clock::time_point begin_ = Clock::now();

@@ -36,6 +36,8 @@ int Sweep(const Options& options, bool ignoresBrokenPipes) {
   for (const std::string& note : plan.Notes) Remark(note);
   if (plan.IsRefused || plan.Networks.empty()) return Incomplete;
   const SessionEnd end = RunSession(options, plan, neighbourhood);
+  if (!end.Summary.empty()) PrintError(end.Summary + "\n");
+  for (const std::string& reason : end.Reasons) Remark(reason);
   if (!end.Signal || (*end.Signal == SIGPIPE && ignoresBrokenPipes)) return end.Status;
   TerminateBy(*end.Signal);
 }

@@ -8,12 +8,10 @@
 
 #include "network/format.h"
 #include "network/progress.h"
-#include "network/remark.h"
 #include "network/report.h"
 #include "network/sweeper.h"
 #include "platform/caught_signals.h"
 #include "platform/command_set.h"
-#include "platform/console.h"
 #include "platform/events.h"
 #include "platform/process.h"
 #include "platform/terminal.h"
@@ -68,10 +66,10 @@ class Session {
     for (;;) {
       sweeper_.Start(Clock::now(), MayBegin());
       PassFindings();
-      if (!Write()) return {SIGPIPE, 1};
+      if (!Write()) return {SIGPIPE, 1, {}, {}};
       if (isReported_ && report_.Output().Size() == 0 && !report_.AddFree()) return Finish();
-      if (!Wait()) return {SIGPIPE, 1};
-      if (const std::optional<int> signal = HandleSignals()) return {signal, 1};
+      if (!Wait()) return {SIGPIPE, 1, {}, {}};
+      if (const std::optional<int> signal = HandleSignals()) return {signal, 1, {}, {}};
       for (const CommandSet::Result& result : commands_.TakeEnded()) {
         sweeper_.Take(result, Clock::now());
       }
@@ -139,12 +137,12 @@ class Session {
     return {};
   }
 
-  SessionEnd Finish() {
-    progress_.Erase();
+  [[nodiscard]] SessionEnd Finish() const {
     const auto time = std::chrono::duration_cast<milliseconds>(Clock::now() - begin_);
-    if (progress_.IsEnabled()) PrintError(report_.Summary(time) + "\n");
-    for (const std::string& sentence : sweeper_.Troubles().Describe(total_)) Remark(sentence);
-    return {{}, IsComplete() ? 0 : 1};
+    return {{},
+            IsComplete() ? 0 : 1,
+            progress_.IsEnabled() ? report_.Summary(time) : "",
+            sweeper_.Troubles().Describe(total_)};
   }
 
   bool isPlanComplete_;

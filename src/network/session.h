@@ -2,6 +2,8 @@
 #pragma once
 
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "network/neighbourhood.h"
 #include "network/options.h"
@@ -13,10 +15,12 @@ namespace hostsweep {
 struct SessionEnd {
   std::optional<int> Signal;
   int Status = 0;
+  std::string Summary;               // a line for a user at a terminal; empty without one
+  std::vector<std::string> Reasons;  // sentences that say why the sweep is incomplete
 };
 
 // Sweeps as planned and reports on standard output, and on standard error the progress, if there is
-// somebody to see it, and after it why the sweep is incomplete. A signal that terminates, and a
+// somebody to see it. A signal that terminates, and a
 // reader of standard output that goes, end it at once: with SIGPIPE for the latter.
 //
 // Nothing that it has started is left when it returns or throws.

@@ -1,11 +1,13 @@
 #include "network/sweeper.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <system_error>
 #include <utility>
 
 #include "platform/devices.h"
+#include "platform/exit_status.h"
 
 namespace hostsweep {
 namespace {
@@ -22,13 +24,11 @@ constexpr std::size_t MaximalBusyNames = 8;
 // Findings wait for those before them; a single address can take long.
 constexpr std::size_t MaximalLookups = 4096;
 
-// Statuses of sh(1): a program cannot be run, as when ping lacks a process for the ping behind it,
-// and one has aborted, as host(1) does without a thread.
-constexpr int CannotRun = 126;
-constexpr int Aborted = 128 + SIGABRT;
-
+// Statuses that a lack of processes gives: ping cannot run the ping behind it, host(1) aborts
+// without a thread, and the shell cannot fork (dash(1) and bash(1)).
 bool TellsLack(const CommandSet::Result& result) {
-  return result.Status == CannotRun || result.Status == Aborted;
+  constexpr std::array<int, 4> Statuses = {ExitCannotRun, ExitSignal + SIGABRT, 2, 254};
+  return std::find(Statuses.begin(), Statuses.end(), result.Status) != Statuses.end();
 }
 
 bool CanReach(std::uint32_t address) {
@@ -126,7 +126,7 @@ bool Sweeper::StartCommand(Key key, Clock::time_point now) {
 // Ends the steps whose commands could not be started. Returns false if there are none.
 bool Sweeper::TakeUnstarted(Clock::time_point now) {
   const std::vector<Key> keys = std::exchange(unstarted_, {});
-  for (const Key key : keys) Take({key, "", CannotRun, false}, now);
+  for (const Key key : keys) Take({key, "", ExitCannotRun}, now);
   return !keys.empty();
 }
 
@@ -144,7 +144,7 @@ void Sweeper::Take(const CommandSet::Result& result, Clock::time_point now) {
 
 void Sweeper::BeginAddress() {
   const std::uint32_t address = *walk_.Next();
-  lookups_.emplace_back(address, programs_, neighbourhood_.HasHost(address));
+  lookups_.emplace_back(address, programs_, neighbourhood_.PlaceOf(address));
   ++inWork_;
   if (!CanReach(address)) lookups_.back().Skip(Trouble::NoRoute);
   Enqueue(firstKey_ + lookups_.size() - 1);
@@ -166,7 +166,7 @@ void Sweeper::Enqueue(Key key) {
     case Lookup::Step::Done:
       --inWork_;
       ++doneCount_;
-      troubles_.Add(lookup.Troubles());
+      troubles_.Add(lookup.Troubles(), lookup.Address());
       break;
   }
 }

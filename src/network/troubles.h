@@ -36,15 +36,17 @@ class TroubleSet {
 // How many addresses have each trouble.
 class TroubleCounts {
  public:
-  void Add(const TroubleSet& troubles);
+  void Add(const TroubleSet& troubles, std::uint32_t address);
 
   [[nodiscard]] bool IsEmpty() const;
 
-  // A sentence for each trouble but `NotAsked`: for how many of `total` addresses, and what to do.
+  // A sentence for each trouble but `NotAsked`: for how many of `total` addresses, and what to do,
+  // with the lowest of them as an example.
   [[nodiscard]] std::vector<std::string> Describe(std::uint64_t total) const;
 
  private:
   std::array<std::uint64_t, TroubleCount> counts_{};
+  std::array<std::uint32_t, TroubleCount> examples_{};
 };
 
 }  // namespace hostsweep

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/environment.h"
+#include "platform/exit_status.h"
 #include "platform/pointers.h"
 #include "platform/process.h"
 #include "platform/system_call.h"
@@ -63,14 +64,26 @@ class SpawnAttributes {
     for (const int number : WriteSignals) sigaddset(&ignored, number);
     Require(posix_spawnattr_setsigdefault(&attributes_, &ignored));
     int flags = POSIX_SPAWN_SETSIGDEF;
-    if (group == ChildProcess::Group::Own) flags |= POSIX_SPAWN_SETPGROUP;
-    Require(posix_spawnattr_setpgroup(&attributes_, 0));
+    if (group == ChildProcess::Group::Own) {
+      flags |= POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK;
+      Require(posix_spawnattr_setpgroup(&attributes_, 0));
+      BlockStops();
+    }
     Require(posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)));
   }
 
   [[nodiscard]] const posix_spawnattr_t* Get() const { return &attributes_; }
 
  private:
+  // Until it has its own group, a terminal's suspend character would stop the child too, and with
+  // it this program, which waits until the child has begun to run its program.
+  void BlockStops() {
+    sigset_t stops;
+    sigemptyset(&stops);
+    for (const int number : {SIGTSTP, SIGTTIN, SIGTTOU}) sigaddset(&stops, number);
+    Require(posix_spawnattr_setsigmask(&attributes_, &stops));
+  }
+
   posix_spawnattr_t attributes_{};
 };
 
@@ -149,7 +162,7 @@ void ChildProcess::Reap(int options) {
   ended_ = true;
   if (reaped == -1) return;
   wasKilled_ = WIFSIGNALED(status);
-  status_ = wasKilled_ ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  status_ = wasKilled_ ? ExitSignal + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 void ReapChild(pid_t pid) {

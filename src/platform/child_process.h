@@ -17,7 +17,8 @@ namespace hostsweep {
 class ChildProcess {
  public:
   // The process group that a child is in: this program's, which a terminal's signals reach, or one
-  // of its own, which is signalled as a whole and ends with the child.
+  // of its own, which is signalled as a whole and ends with the child. In one of its own a
+  // terminal's stop signals are blocked; SIGSTOP stops it.
   enum class Group { Inherited, Own };
 
   // Given as `output`, discards the standard output.

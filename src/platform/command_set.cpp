@@ -23,7 +23,7 @@ void CommandSet::Start(std::uint64_t key, const Text& command, Output output) {
       {"/bin/sh", "-c", command.Bytes()}, environment_,
       pipe ? pipe->Writer.Number() : ChildProcess::NoOutput, ChildProcess::Group::Own);
   const pid_t id = child.Id();
-  Running running{key, std::move(child), {}, {}};
+  Running running{key, std::move(child), {}, {}, false};
   if (pipe) running.Reader.emplace(std::move(pipe->Reader));
   running_.emplace(id, std::move(running));
 }
@@ -43,9 +43,19 @@ void CommandSet::Read(const std::vector<pollfd>& descriptors) {
                         [&](const pollfd& descriptor) { return descriptor.fd == number; });
     if (next == descriptors.end()) return;
     if (next->revents == 0) continue;
-    const ReadResult result = ReadOnce(*command.Reader, command.Output);
+    const ReadResult result = TakeIn(ReadOnce(*command.Reader, command.Output), command);
     if (result == ReadResult::End) command.Reader.reset();
   }
+}
+
+// Keeps what has been read small, however much a command writes. Returns the result.
+ReadResult CommandSet::TakeIn(ReadResult result, Running& command) {
+  constexpr std::size_t MaximalOutput = 1U << 16U;
+  if (command.Output.size() > MaximalOutput) {
+    command.Output.resize(MaximalOutput);
+    command.IsCut = true;
+  }
+  return result;
 }
 
 std::vector<CommandSet::Result> CommandSet::TakeEnded() {
@@ -59,7 +69,8 @@ std::vector<CommandSet::Result> CommandSet::TakeEnded() {
     Running& command = found->second;
     const int status = command.Child.Wait();
     if (command.Reader) ReadWithin(std::chrono::milliseconds(0), *command.Reader, command.Output);
-    results.push_back({command.Key, std::move(command.Output), status, command.Child.WasKilled()});
+    results.push_back(
+        {command.Key, std::move(command.Output), status, command.Child.WasKilled(), command.IsCut});
     running_.erase(found);
   }
   return results;

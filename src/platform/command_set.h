@@ -13,6 +13,7 @@
 
 #include "platform/child_process.h"
 #include "platform/descriptor.h"
+#include "platform/pipe.h"
 #include "platform/text/text.h"
 
 namespace hostsweep {
@@ -27,9 +28,10 @@ class CommandSet {
 
   struct Result {
     std::uint64_t Key = 0;   // as given to `Start`
-    std::string Output;      // byte for byte; empty if it was discarded
+    std::string Output;      // the first 64 KiB; empty if it was discarded
     int Status = 0;          // as sh(1) reports it
     bool WasKilled = false;  // a signal has terminated it
+    bool IsCut = false;      // there was more output than is kept
   };
 
   CommandSet();
@@ -64,7 +66,10 @@ class CommandSet {
     ChildProcess Child;
     std::optional<Descriptor> Reader;  // until the end of the output
     std::string Output;
+    bool IsCut = false;
   };
+
+  static ReadResult TakeIn(ReadResult result, Running& command);
 
   std::vector<std::string> environment_;
   std::map<pid_t, Running> running_;

@@ -6,6 +6,10 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstddef>
 #include <cstring>
 #include <memory>
 
@@ -16,8 +20,9 @@ namespace hostsweep {
 namespace {
 
 std::uint32_t NumberOf(const sockaddr* address) {
+  // On macOS a netmask can be shorter than the structure, but does not end before its address.
   sockaddr_in internet{};
-  std::memcpy(&internet, address, sizeof internet);
+  std::memcpy(&internet, address, offsetof(sockaddr_in, sin_addr) + sizeof internet.sin_addr);
   return ntohl(internet.sin_addr.s_addr);
 }
 
@@ -38,7 +43,7 @@ std::vector<DeviceAddress> DeviceAddresses() {
   for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
     if (entry->ifa_addr == nullptr || entry->ifa_addr->sa_family != AF_INET) continue;
     if (entry->ifa_netmask == nullptr || (entry->ifa_flags & IFF_BROADCAST) == 0) continue;
-    if ((entry->ifa_flags & IFF_LOOPBACK) != 0) continue;
+    if ((entry->ifa_flags & (IFF_LOOPBACK | IFF_NOARP)) != 0) continue;
     addresses.push_back({entry->ifa_name, NumberOf(entry->ifa_addr), NumberOf(entry->ifa_netmask),
                          IsUp(entry->ifa_flags)});
   }
@@ -56,7 +61,9 @@ bool HasRoute(std::uint32_t address) {
   target.sin_addr.s_addr = htonl(address);
   sockaddr generic{};
   std::memcpy(&generic, &target, sizeof target);
-  return connect(socket.Number(), &generic, sizeof target) == 0;
+  if (connect(socket.Number(), &generic, sizeof target) == 0) return true;
+  constexpr std::array<int, 5> Refusals = {ENETUNREACH, EHOSTUNREACH, ENETDOWN, EACCES, EINVAL};
+  return std::find(Refusals.begin(), Refusals.end(), errno) == Refusals.end();
 }
 
 }  // namespace hostsweep

@@ -8,8 +8,7 @@
 
 namespace hostsweep {
 
-// One IPv4 address of a device that has a hardware address cache: one that broadcasts and is not a
-// loopback.
+// One IPv4 address of a device that uses ARP: one that broadcasts and is not a loopback.
 struct DeviceAddress {
   std::string Device;
   std::uint32_t Address = 0;
@@ -21,8 +20,8 @@ struct DeviceAddress {
 // listed.
 std::vector<DeviceAddress> DeviceAddresses();
 
-// True if the system has a route to the address. Sends nothing. Throws `std::system_error` if the
-// system lacks what asking takes.
+// False if the system says that it has no route to the address, or one that refuses it. Sends
+// nothing. Throws `std::system_error` if the system lacks what asking takes.
 bool HasRoute(std::uint32_t address);
 
 }  // namespace hostsweep

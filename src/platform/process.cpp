@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/exit_status.h"
+
 namespace hostsweep {
 namespace {
 
@@ -48,7 +50,7 @@ void StopProcess() { raise(SIGSTOP); }
 void TerminateBy(int signalNumber) {
   signal(signalNumber, SIG_DFL);
   raise(signalNumber);
-  _exit(128 + signalNumber);  // the status that a shell gives for the signal
+  _exit(ExitSignal + signalNumber);  // the status that a shell gives for the signal
 }
 
 void PrepareProcess() {

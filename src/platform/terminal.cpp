@@ -28,6 +28,11 @@ bool CanWrite(int descriptor) {
   return RetryInterrupted(select) > 0;
 }
 
+bool IsForeground(int descriptor) {
+  const pid_t group = tcgetpgrp(descriptor);
+  return group == -1 || group == getpgrp();
+}
+
 int ColumnsOf(int descriptor) {
   winsize size = {};
   return ioctl(descriptor, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;

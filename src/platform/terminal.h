@@ -14,6 +14,9 @@ FileKind KindOf(int descriptor);
 // True if writing some bytes would not wait: not for a full pipe or a stopped terminal.
 bool CanWrite(int descriptor);
 
+// True unless the descriptor leads to a terminal on which another job is in the foreground.
+bool IsForeground(int descriptor);
+
 // The width of the terminal that the descriptor leads to, in columns; 0 if it is unknown.
 int ColumnsOf(int descriptor);
 

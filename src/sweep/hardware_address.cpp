@@ -6,11 +6,6 @@
 #include "platform/text/text_operations.h"
 
 namespace hostsweep {
-namespace {
-
-bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) > 0; }
-
-}  // namespace
 
 Text HardwareAddressCommand(const Text& address) { return "Arp " + address; }
 

@@ -5,11 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace hostsweep {
+#include "platform/exit_status.h"
 
-// Exit statuses of sh(1) for a program that cannot be run, and for one that is not found.
-constexpr int ExitCannotRun = 126;
-constexpr int ExitNotFound = 127;
+namespace hostsweep {
 
 // The next program of this name after the running tool, on the search path that it was given and in
 // the system's directories; empty if there is none.

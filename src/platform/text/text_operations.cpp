@@ -70,6 +70,8 @@ std::int64_t InStr(std::int64_t start, const Text& source, const Text& find) {
   return found == std::string_view::npos ? 0 : CountCharacters(bytes.substr(0, found)) + 1;
 }
 
+bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) > 0; }
+
 Text Trim(const Text& text) {
   constexpr const char* WhiteSpace = " \t\r\n";
   const std::string& bytes = text.Bytes();

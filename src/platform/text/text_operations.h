@@ -26,6 +26,9 @@ Text Mid(const Text& text, std::int64_t start);
 // start of 0 or less counts as 1. An empty `find` is never found.
 std::int64_t InStr(std::int64_t start, const Text& source, const Text& find);
 
+// True if `part` occurs in `text`. Letter case is ignored.
+bool Contains(const Text& text, const Text& part);
+
 // The text without the spaces, tabs, carriage returns and line feeds at its two ends.
 Text Trim(const Text& text);
 
