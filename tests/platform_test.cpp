@@ -7,12 +7,15 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <map>
 #include <thread>
 
 #include "platform/caught_signals.h"
 #include "platform/child_process.h"
+#include "platform/command_set.h"
 #include "platform/console.h"
 #include "platform/environment.h"
+#include "platform/events.h"
 #include "platform/process.h"
 #include "platform/search_path.h"
 #include "platform/shell.h"
@@ -247,6 +250,27 @@ TEST_F(SearchPaths, TheNextProgramIsTheFirstOtherOneAfterTheLastNameOfItsOwn) {
   ASSERT_EQ(chdir("other"), 0);
   EXPECT_EQ(NextProgram("../own", "Arp", "../own/Arp"), "");        // not in the working directory,
   EXPECT_EQ(NextProgram("../own:", "Arp", "../own/Arp"), "./Arp");  // unless the path names it
+}
+
+TEST(CommandSet, CollectsWhatCommandsWriteAtTheSameTime) {
+  const CaughtSignals signals({SIGCHLD});
+  CommandSet commands;
+  commands.Start(1, "kill -s TSTP $$; echo not stopped; exit 3", CommandSet::Output::Collect);
+  commands.Start(2, "head -c 65537 /dev/zero; sleep 1000 & exec sleep 0.1",
+                 CommandSet::Output::Collect);
+  commands.Start(3, "echo discarded; kill -s KILL $$", CommandSet::Output::Discard);
+  std::map<std::uint64_t, CommandSet::Result> results;
+  while (commands.Count() > 0) {
+    WaitForEvents(commands, signals, OutputState::Watched, std::chrono::milliseconds(1000));
+    for (const CommandSet::Result& result : commands.TakeEnded()) results[result.Key] = result;
+  }
+  EXPECT_EQ(results[1].Output, "not stopped\n");
+  EXPECT_EQ(results[1].Status, 3);
+  EXPECT_FALSE(results[1].IsCut);
+  EXPECT_EQ(results[2].Output, std::string(65536, '\0'));
+  EXPECT_TRUE(results[2].IsCut);
+  EXPECT_EQ(results[3].Output, "");
+  EXPECT_TRUE(results[3].WasKilled);
 }
 
 }  // namespace

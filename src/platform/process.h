@@ -30,7 +30,7 @@ void PrepareProcess();
 // True if the signal is ignored.
 bool IsIgnored(int signalNumber);
 
-// Stops the process, as a terminal's suspend character does, until it is continued.
+// Stops the process until it is continued, whether or not there is a shell to continue it.
 void StopProcess();
 
 // Ends the process by the default action of the signal, which is to terminate it.
