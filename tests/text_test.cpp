@@ -26,7 +26,8 @@ TEST(Text, CountsCharactersWhateverTheBytes) {
     EXPECT_EQ(Len(two), 2) << two;
   for (const char* three : {"\u0080\u0800\U00010000", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xE2\x82z"})
     EXPECT_EQ(Len(three), 3) << three;
-  for (const char* four : {"\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80"}) EXPECT_EQ(Len(four), 4) << four;
+  for (const char* four : {"\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80"})
+    EXPECT_EQ(Len(four), 4) << four;
   EXPECT_EQ(Len("a\u00E9\u20AC\U0001F600z"), 5);
 }
 
