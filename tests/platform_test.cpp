@@ -273,5 +273,17 @@ TEST(CommandSet, CollectsWhatCommandsWriteAtTheSameTime) {
   EXPECT_TRUE(results[3].WasKilled);
 }
 
+TEST(CommandSet, LimitsAlsoWhatIsReadAfterTheEnd) {
+  const CaughtSignals signals({SIGCHLD});
+  CommandSet commands;
+  const std::string write = "dd if=/dev/zero bs=33000 count=1";
+  commands.Start(1, write + "; sleep 0.3; " + write, CommandSet::Output::Collect);
+  WaitForEvents(commands, signals, OutputState::Watched, {});  // reads the first half alone
+  std::vector<CommandSet::Result> ended;
+  while (ended.empty()) ended = commands.TakeEnded();
+  EXPECT_EQ(ended[0].Output.size(), 65536U);
+  EXPECT_TRUE(ended[0].IsCut);
+}
+
 }  // namespace
 }  // namespace hostsweep

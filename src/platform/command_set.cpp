@@ -43,19 +43,17 @@ void CommandSet::Read(const std::vector<pollfd>& descriptors) {
                         [&](const pollfd& descriptor) { return descriptor.fd == number; });
     if (next == descriptors.end()) return;
     if (next->revents == 0) continue;
-    const ReadResult result = TakeIn(ReadOnce(*command.Reader, command.Output), command);
-    if (result == ReadResult::End) command.Reader.reset();
+    if (ReadOnce(*command.Reader, command.Output) == ReadResult::End) command.Reader.reset();
+    Limit(command);
   }
 }
 
-// Keeps what has been read small, however much a command writes. Returns the result.
-ReadResult CommandSet::TakeIn(ReadResult result, Running& command) {
+// Keeps what has been read small, however much a command writes.
+void CommandSet::Limit(Running& command) {
   constexpr std::size_t MaximalOutput = 1U << 16U;
-  if (command.Output.size() > MaximalOutput) {
-    command.Output.resize(MaximalOutput);
-    command.IsCut = true;
-  }
-  return result;
+  if (command.Output.size() <= MaximalOutput) return;
+  command.Output.resize(MaximalOutput);
+  command.IsCut = true;
 }
 
 std::vector<CommandSet::Result> CommandSet::TakeEnded() {
@@ -69,6 +67,7 @@ std::vector<CommandSet::Result> CommandSet::TakeEnded() {
     Running& command = found->second;
     const int status = command.Child.Wait();
     if (command.Reader) ReadWithin(std::chrono::milliseconds(0), *command.Reader, command.Output);
+    Limit(command);
     results.push_back(
         {command.Key, std::move(command.Output), status, command.Child.WasKilled(), command.IsCut});
     running_.erase(found);

@@ -13,7 +13,6 @@
 
 #include "platform/child_process.h"
 #include "platform/descriptor.h"
-#include "platform/pipe.h"
 #include "platform/text/text.h"
 
 namespace hostsweep {
@@ -69,7 +68,7 @@ class CommandSet {
     bool IsCut = false;
   };
 
-  static ReadResult TakeIn(ReadResult result, Running& command);
+  static void Limit(Running& command);
 
   std::vector<std::string> environment_;
   std::map<pid_t, Running> running_;

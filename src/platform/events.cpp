@@ -20,7 +20,7 @@ bool WaitForEvents(CommandSet& commands, const CaughtSignals& signals, OutputSta
   // Only a pipe can lose its reader, and macOS's poll(2) knows no terminals: one that is full is
   // looked at again later.
   constexpr milliseconds TerminalInterval(20);
-  const bool isPipe = KindOf(StandardOutput) == FileKind::Pipe;
+  static const bool isPipe = KindOf(StandardOutput) == FileKind::Pipe;
   const bool isWanted = output == OutputState::Wanted;
   if (isWanted && !isPipe) time = std::min(time.value_or(TerminalInterval), TerminalInterval);
   const short wanted = isWanted ? POLLOUT : 0;
