@@ -1,4 +1,4 @@
-// src/network/: arguments, formats, makers and the answers of name servers.
+// src/network/plan and report: arguments, networks, formats and makers.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -12,15 +12,14 @@
 #include <utility>
 #include <vector>
 
-#include "network/address.h"
-#include "network/finding.h"
-#include "network/format.h"
-#include "network/makers.h"
-#include "network/name_answer.h"
-#include "network/network.h"
-#include "network/options.h"
-#include "network/printable.h"
-#include "network/usage_error.h"
+#include "network/engine/finding.h"
+#include "network/plan/address.h"
+#include "network/plan/network.h"
+#include "network/plan/options.h"
+#include "network/plan/usage_error.h"
+#include "network/report/format.h"
+#include "network/report/makers.h"
+#include "platform/text/printable.h"
 
 namespace hostsweep {
 namespace {
@@ -94,8 +93,10 @@ std::string Read(std::vector<std::string> arguments) {
   const Options options = ReadOptions(static_cast<int>(arguments.size()), pointers.data());
   if (options.Wanted != Task::Sweep) return options.Wanted == Task::PrintHelp ? "help" : "version";
   std::string text = "jobs " + std::to_string(options.Jobs);
-  if (options.Report != Selection::All) text += options.Report == Selection::Up ? " up" : " free";
-  if (options.Output) text += " format " + std::to_string(static_cast<int>(*options.Output));
+  if (options.Reported != Selection::All)
+    text += options.Reported == Selection::Up ? " up" : " free";
+  if (options.ReportFormat)
+    text += " format " + std::to_string(static_cast<int>(*options.ReportFormat));
   if (options.IsLocal) text += " local";
   for (const Network& network : options.Networks) text += " " + network.Name;
   return text;
@@ -103,10 +104,10 @@ std::string Read(std::vector<std::string> arguments) {
 
 TEST(ReadOptions, AcceptsOptionsAnywhereAndSaysWhatIsWrong) {
   const std::pair<std::vector<std::string>, std::string> rows[] = {
-      {{"10.0.1", "-u", "10.0.0", "--", "10.0.2"}, "jobs 256 up 10.0.1 10.0.0 10.0.2"},
+      {{"10.0.1", "-u", "10.0.0", "--", "10.0.2"}, "jobs 512 up 10.0.1 10.0.0 10.0.2"},
       {{"-ulfjson", "-j", "1"}, "jobs 1 up format 3 local"},
       {{"--fr", "--fo=lines", "--jobs=1024", "--lo"}, "jobs 1024 free format 0 local"},
-      {{"-l", "-f", "csv", "-fmap", "-uu"}, "jobs 256 up format 4 local"},
+      {{"-l", "-f", "csv", "-fmap", "-uu"}, "jobs 512 up format 4 local"},
       {{"x", "-hx", "--wrong"}, "help"},
       {{"-u", "--free", "-h"}, "--up and --free cannot be combined"},
       {{"--vers", "--wrong"}, "version"},
@@ -135,20 +136,22 @@ TEST(ReadOptions, AcceptsOptionsAnywhereAndSaysWhatIsWrong) {
   }
 }
 
-TEST(MakeFinding, TellsUpFreeAndUnknownApart) {
-  const std::tuple<HostRecord, bool, const char*, const char*> rows[] = {
-      {{"10.0.0.7", "a\nb", "01-02"}, false, "10.0.0.7=a b=01-02", "a b/name/up"},
-      {{"10.0.0.7", "10.0.0.7", "01-02"}, true, "10.0.0.7=[Unknown Device]=01-02", "/up"},
-      {{"10.0.0.7", "10.0.0.7", ""}, true, "10.0.0.7==", "/free"},
-      {{"10.0.0.7", "10.0.0.7", ""}, false, "10.0.0.7==", ""},
-      {{"10.0.0.7", "", ""}, true, "10.0.0.7==", "/name"}};
-  for (const auto& [record, isComplete, line, facts] : rows) {
-    const Finding finding = MakeFinding(0x0A000007, record, isComplete);
-    EXPECT_EQ(finding.Line, line);
-    EXPECT_EQ(finding.Name + (finding.HasName ? "/name" : "") +
-                  (IsSelected(finding, Selection::Up) ? "/up" : "") +
-                  (IsSelected(finding, Selection::Free) ? "/free" : ""),
-              facts);
+TEST(WithoutRepeats, KeepsEachAddressAtItsFirstPlace) {
+  const std::pair<std::vector<std::string>, std::string> rows[] = {
+      {{"10.0.0.5", "10.0.0.5", "10.0.0.1-10.0.0.9"}, "5-5 1-4 6-9 "},
+      {{"10.0.0.2-10.0.0.4", "10.0.0.5-10.0.0.6", "10.0.0.1-10.0.0.9"}, "2-4 5-6 1-1 7-9 "},
+      {{"10.0.0.1-10.0.0.9", "10.0.0.3-10.0.0.9", "10.0.0.9-10.0.0.10"}, "1-9 10-10 "},
+      {{"10.0.0.6-10.0.0.8", "10.0.0.2-10.0.0.3", "10.0.0.3-10.0.0.7", "10.0.0.1-10.0.0.9"},
+       "6-8 2-3 4-5 1-1 9-9 "},
+      {{"255.255.255.254/31", "255.255.255.255"}, "254-255 "}};
+  for (const auto& [arguments, result] : rows) {
+    std::vector<Network> networks;
+    for (const std::string& argument : arguments) networks.push_back(ParseNetwork(argument));
+    std::string parts;
+    for (const Network& part : WithoutRepeats(networks)) {
+      parts += std::to_string(part.First & 0xFFU) + "-" + std::to_string(part.Last & 0xFFU) + " ";
+    }
+    EXPECT_EQ(parts, result);
   }
 }
 
@@ -202,10 +205,13 @@ TEST(Makers, TakesTheSmallestBlockOfTheFirstList) {
             "|||||");
 }
 
-// A finding whose line is of no interest.
+// An address without a name if that is null; a host is up where there is a hardware address.
 Finding Found(std::uint32_t host, const char* name, const char* hardwareAddress) {
-  Finding finding = MakeFinding(host, {"", name, hardwareAddress}, true);
-  finding.Line = finding.Name + "=" + finding.HardwareAddress;
+  Finding finding;
+  finding.Address = host;
+  if (name != nullptr) finding.Name = name;
+  finding.HardwareAddress = hardwareAddress;
+  finding.Host = finding.HardwareAddress.empty() ? Presence::Absent : Presence::Up;
   return finding;
 }
 
@@ -222,48 +228,52 @@ std::string Report(Format format, const Layout& layout, const std::vector<Findin
 
 TEST(Formatter, WritesHostileNamesSafely) {
   const std::vector<Finding> findings = {Found(1, "a,\"\\\x1B\u202E\xE2\x82", "00-1A-2B-3C-4D-5E"),
-                                         Found(2, "=1+1", "00-1A-2C-00-00-00"), Found(4, "", ""),
-                                         Found(255, "\t\x9B", "0:1")};
+                                         Found(2, "=1+1", "00-1A-2C-00-00-00"),
+                                         Found(4, nullptr, ""), Found(255, "\t\x9B", "0:1")};
   const auto report = [&](Format format, bool isForTerminal) {
     return Report(format, {Selection::All, isForTerminal, 32}, findings);
   };
   EXPECT_EQ(report(Format::Lines, false),
-            "a,\"\\\x1B\u202E\xE2\x82=00-1A-2B-3C-4D-5E\n=1+1=00-1A-2C-00-00-00\n=\n\t\x9B=0:1\n");
+            "0.0.0.1=a,\"\\\x1B\u202E\xE2\x82=00-1A-2B-3C-4D-5E\n0.0.0.2==1+1=00-1A-2C-00-00-00\n"
+            "0.0.0.4==\n0.0.0.255=\t\x9B=0:1\n");
   EXPECT_EQ(report(Format::Lines, true),
-            "a,\"\\???\?=00-1A-2B-3C-4D-5E\n=1+1=00-1A-2C-00-00-00\n=\n?\?=0:1\n");
+            "0.0.0.1=a,\"\\???\?=00-1A-2B-3C-4D-5E\n0.0.0.2==1+1=00-1A-2C-00-00-00\n"
+            "0.0.0.4==\n0.0.0.255=?\?=0:1\n");
   EXPECT_EQ(report(Format::Table, false),
             "ADDRESS          HARDWARE ADDRESS   MAKER                   NAME\n"
             "0.0.0.1          00-1A-2B-3C-4D-5E  Maker, \"of\" long nam\u00C9s  a,\"\\????\n"
             "0.0.0.2          00-1A-2C-00-00-00  \u00C9                       =1+1\n"
             "0.0.0.255        0:1                                        ??\n");
   EXPECT_EQ(report(Format::Csv, false),
-            "address,name,hardware_address,maker\r\n"
+            "address,name,hardware_address,maker,up\r\n"
             "0.0.0.1,\"a,\"\"\\\x1B\u202E\xE2\x82\",00-1A-2B-3C-4D-5E,"
-            "\"Maker, \"\"of\"\" long nam\u00C9s etc.\"\r\n"
-            "0.0.0.2,'=1+1,00-1A-2C-00-00-00,\u00C9\r\n0.0.0.4,,,\r\n0.0.0.255,'\t\x9B,0:1,\r\n");
+            "\"Maker, \"\"of\"\" long nam\u00C9s etc.\",true\r\n"
+            "0.0.0.2,'=1+1,00-1A-2C-00-00-00,\u00C9,true\r\n0.0.0.4,,,,false\r\n"
+            "0.0.0.255,'\t\x9B,0:1,,true\r\n");
   EXPECT_NE(report(Format::Csv, true).find("\n0.0.0.255,??,"), std::string::npos);
   EXPECT_EQ(report(Format::Json, false),
             R"({"address":"0.0.0.1","name":"a,\"\\\u001b\u202e)"
             "\uFFFD\uFFFD"
             R"(","hardware_address":"00-1A-2B-3C-4D-5E","maker":"Maker, \"of\" long nam)"
-            "\u00C9s etc.\"}\n"
+            "\u00C9s etc.\",\"up\":true}\n"
             R"({"address":"0.0.0.2","name":"=1+1","hardware_address":"00-1A-2C-00-00-00","maker":")"
-            "\u00C9\"}\n"
-            R"({"address":"0.0.0.4","name":null,"hardware_address":null,"maker":null})"
+            "\u00C9\",\"up\":true}\n"
+            R"({"address":"0.0.0.4","name":null,"hardware_address":null,"maker":null,"up":false})"
             "\n"
             R"({"address":"0.0.0.255","name":"\u0009)"
-            "\uFFFD\",\"hardware_address\":\"0:1\",\"maker\":null}\n");
+            "\uFFFD\",\"hardware_address\":\"0:1\",\"maker\":null,\"up\":true}\n");
 }
 
 TEST(Formatter, ReportsWhatIsSelected) {
-  const std::vector<Finding> findings = {Found(30, "", ""), Found(31, "n", ""),
+  const std::vector<Finding> findings = {Found(30, nullptr, ""), Found(31, "n", ""),
                                          Found(32, "n", "02-00-00-00-00-00")};
   const std::tuple<Format, Selection, const char*> rows[] = {
-      {Format::Lines, Selection::Up, "n=02-00-00-00-00-00\n"},
-      {Format::Lines, Selection::Free, "=\n"},
-      {Format::Csv, Selection::Free, "address,name,hardware_address,maker\r\n0.0.0.30,,,\r\n"},
+      {Format::Lines, Selection::Up, "0.0.0.32=n=02-00-00-00-00-00\n"},
+      {Format::Lines, Selection::Free, "0.0.0.30==\n"},
+      {Format::Csv, Selection::Free,
+       "address,name,hardware_address,maker,up\r\n0.0.0.30,,,,false\r\n"},
       {Format::Json, Selection::Free,
-       R"({"address":"0.0.0.30","name":null,"hardware_address":null,"maker":null})"
+       R"({"address":"0.0.0.30","name":null,"hardware_address":null,"maker":null,"up":false})"
        "\n"},
       {Format::Table, Selection::Free,
        "ADDRESS          HARDWARE ADDRESS   MAKER                   NAME\n0.0.0.30\n"},
@@ -275,38 +285,22 @@ TEST(Formatter, ReportsWhatIsSelected) {
 }
 
 TEST(Formatter, DrawsAMapInAlignedRows) {
-  std::vector<Finding> findings = {Found(61, "n", ""),  Found(62, "", ""), Found(63, "", ""),
-                                   Found(64, "n", "x"), Found(66, "", ""), Found(66, "", "")};
+  std::vector<Finding> findings = {Found(61, "n", ""),     Found(62, nullptr, ""),
+                                   Found(63, nullptr, ""), Found(64, nullptr, "x"),
+                                   Found(65, nullptr, ""), Found(66, nullptr, ""),
+                                   Found(66, nullptr, "")};
   findings[2].IsComplete = false;
+  findings[4].IsReserved = true;
+  findings[6].Host = Presence::Unknown;
   const std::string indent(29, ' ');
-  const std::string rest = "0.0.0.66          .\n0.0.0.66          .\n";
-  EXPECT_EQ(Report(Format::Map, {}, findings),
-            "0.0.0.61        " + indent + "+.?\n0.0.0.64        #\n" + rest);
+  const std::string rest = "0.0.0.64        #-.\n0.0.0.66          ?\n";
+  EXPECT_EQ(Report(Format::Map, {}, findings), "0.0.0.61        " + indent + "+.?\n" + rest);
   EXPECT_EQ(Report(Format::Map, {Selection::All, true, 64}, findings),
-            "0.0.0.61        " + std::string(32, ' ') + indent + "+.?\n0.0.0.64        #\n" + rest);
+            "0.0.0.61        " + std::string(32, ' ') + indent + "+.?\n" + rest);
   Makers makers;
   const std::unique_ptr<Formatter> map = MakeFormatter(Format::Map, {}, makers);
   EXPECT_EQ(map->Add(findings[1]), "");
   EXPECT_EQ(map->Add(findings[2]), "0.0.0.62        " + indent + " .?\n");  // complete: at once
-}
-
-TEST(ReadNameAnswer, TellsWhatTheServersSaid) {
-  const std::string slow = ";; communications error to 127.0.0.1#53: timed out\n";
-  const std::string host = "Host 2.0.18.198.in-addr.arpa";
-  const std::pair<std::string, NameAnswer> rows[] = {
-      {"1.0.18.198.in-addr.arpa domain name pointer gateway.lab.example.\n", NameAnswer::Name},
-      {slow + "x is an alias for y.\ny domain name pointer z.\n", NameAnswer::Name},
-      {slow + host + ". not found: 3(NXDOMAIN)\n", NameAnswer::NoName},
-      {"2.0.18.198.in-addr.arpa has no PTR record\n", NameAnswer::NoName},
-      {"2.0.18.198.in-addr.arpa is an alias for x.y.example.\n", NameAnswer::NoName},
-      {slow, NameAnswer::NoReply},
-      {";; connection timed out; no servers could be reached\n", NameAnswer::NoReply},
-      {slow + host + " not found: 5(REFUSED)\n", NameAnswer::Refused},
-      {host + " not found: 2(SERVFAIL)\n", NameAnswer::Failed},
-      {host + " not found: 35(RESERVED35)\n", NameAnswer::Failed},
-      {"sh: 1: /usr/bin/host: not found\n", NameAnswer::Failed},
-      {"", NameAnswer::Failed}};
-  for (const auto& [output, answer] : rows) EXPECT_EQ(ReadNameAnswer(output), answer) << output;
 }
 
 }  // namespace

@@ -7,15 +7,12 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <map>
-#include <thread>
 
-#include "platform/caught_signals.h"
+#include "platform/caught_signal.h"
 #include "platform/child_process.h"
-#include "platform/command_set.h"
+#include "platform/clock.h"
 #include "platform/console.h"
 #include "platform/environment.h"
-#include "platform/events.h"
 #include "platform/process.h"
 #include "platform/search_path.h"
 #include "platform/shell.h"
@@ -26,8 +23,6 @@ namespace hostsweep {
 namespace {
 
 using std::chrono::milliseconds;
-using Clock = std::chrono::steady_clock;
-using Group = ChildProcess::Group;
 
 constexpr milliseconds Now(0);
 constexpr milliseconds Long(30000);
@@ -45,23 +40,19 @@ TEST(ReadWithin, AppendsDataAndTellsTheEndFromTheTimeout) {
   EXPECT_EQ(output, "abc");
 }
 
-TEST(CaughtSignals, AreTakenOnceAndIgnoredOnesStayIgnored) {
-  signal(SIGHUP, SIG_IGN);
+TEST(CaughtSignal, CanBeReadAndIsNoInterruption) {
+  signal(SIGTERM, SIG_IGN);
   {
     std::string data;
-    const CaughtSignals signals({SIGHUP, SIGTERM});
-    raise(SIGHUP);
-    EXPECT_EQ(ReadWithin(Now, signals.Reader(), data), ReadResult::Timeout);
+    const CaughtSignal caught(SIGTERM);
+    EXPECT_EQ(ReadWithin(Now, caught.Reader(), data), ReadResult::Timeout);
     for (int i = 0; i < 70000; ++i) raise(SIGTERM);  // more than the pipe holds
     errno = ENOTTY;
     raise(SIGTERM);
     EXPECT_EQ(errno, ENOTTY);
-    EXPECT_EQ(ReadWithin(Now, signals.Reader(), data), ReadResult::Data);
-    EXPECT_TRUE(CaughtSignals::Take(SIGTERM));
-    EXPECT_FALSE(CaughtSignals::Take(SIGTERM) || CaughtSignals::Take(SIGHUP));
+    EXPECT_EQ(ReadWithin(Now, caught.Reader(), data), ReadResult::Data);
   }
   EXPECT_EQ(signal(SIGTERM, SIG_DFL), SIG_DFL);
-  EXPECT_EQ(signal(SIGHUP, SIG_DFL), SIG_IGN);
 }
 
 // A shell that runs the code, and what it prints.
@@ -70,63 +61,43 @@ struct Running {
   ChildProcess Child;
 };
 
-Running Start(const std::string& code, Group group) {
+Running Start(const std::string& code) {
   Pipe output = OpenPipe();
-  ChildProcess child = ChildProcess::StartIsolated({"/bin/sh", "-c", code}, Environment(),
-                                                   output.Writer.Number(), group);
+  ChildProcess child =
+      ChildProcess::StartIsolated({"/bin/sh", "-c", code}, Environment(), output.Writer.Number());
   output.Writer.Close();
   return {std::move(output), std::move(child)};
 }
 
-TEST(ChildProcess, EndsWithItsOwnerAndItsOwnGroupWithIt) {
-  for (const Group group : {Group::Inherited, Group::Own}) {
-    for (const bool endsFirst : {false, true}) {
-      Running shell = Start(endsFirst ? "sleep 99 & echo $!" : "sleep 99 & echo $!; wait", group);
-      const pid_t id = shell.Child.Id();
-      std::string output;
-      EXPECT_EQ(ReadWithin(Long, shell.Output.Reader, output), ReadResult::Data);
-      if (endsFirst) shell.Child.Wait();
-      if (!endsFirst) const ChildProcess last = std::move(shell.Child);
-      EXPECT_EQ(kill(id, 0), -1);
-      // The sleeping process holds the other end of the pipe.
-      const bool isOwn = group == Group::Own;
-      EXPECT_EQ(ReadWithin(isOwn ? Long : Now, shell.Output.Reader, output),
-                isOwn ? ReadResult::End : ReadResult::Timeout);
-      if (!isOwn) kill(std::stoi(output), SIGKILL);
-    }
-  }
+TEST(ChildProcess, EndsWithItsOwner) {
+  Running shell = Start("echo $$; exec sleep 99");
+  std::string output;
+  EXPECT_EQ(ReadWithin(Long, shell.Output.Reader, output), ReadResult::Data);
+  { const ChildProcess last = std::move(shell.Child); }
+  EXPECT_EQ(kill(std::stoi(output), 0), -1);
 }
 
 TEST(ChildProcess, TellsItsEndWhateverTheSignals) {
   struct sigaction interruption = {};
   interruption.sa_handler = [](int) {};
   sigaction(SIGALRM, &interruption, nullptr);
+  Running shell = Start("sleep 9");
+  EXPECT_FALSE(shell.Child.HasEnded());
+  shell.Child.Signal(SIGTERM);
+  EXPECT_EQ(shell.Child.Wait(), 128 + SIGTERM);
+  EXPECT_TRUE(shell.Child.HasEnded());
+
   const itimerval often = {{0, 10000}, {0, 10000}};
-  for (const Group group : {Group::Inherited, Group::Own}) {
-    Running shell = Start("sleep 9", group);
-    EXPECT_EQ(EndedChild(), 0);
-    EXPECT_FALSE(shell.Child.HasEnded());
-    shell.Child.Signal(SIGTERM);
-    while (EndedChild() == 0) std::this_thread::yield();
-    EXPECT_EQ(EndedChild(), shell.Child.Id());
-    EXPECT_TRUE(shell.Child.HasEnded());
-    EXPECT_TRUE(shell.Child.WasKilled());
-    EXPECT_EQ(shell.Child.Wait(), 128 + SIGTERM);
-    EXPECT_EQ(EndedChild(), 0);
-
-    setitimer(ITIMER_REAL, &often, nullptr);
-    Running interrupted = Start("sleep 0.1; exit 3", group);
-    EXPECT_EQ(interrupted.Child.Wait(), 3);
-    EXPECT_FALSE(interrupted.Child.WasKilled());
-
-    signal(SIGCHLD, SIG_IGN);  // so that the system does not keep how a child ends
-    Running forgotten = Start("exit 3", group);
-    EXPECT_EQ(forgotten.Child.Wait(), 0);
-    EXPECT_TRUE(forgotten.Child.HasEnded());
-    signal(SIGCHLD, SIG_DFL);
-  }
+  setitimer(ITIMER_REAL, &often, nullptr);
+  EXPECT_EQ(Start("sleep 0.1; exit 3").Child.Wait(), 3);
   const itimerval never = {};
   setitimer(ITIMER_REAL, &never, nullptr);
+
+  signal(SIGCHLD, SIG_IGN);  // so that the system does not keep how a child ends
+  Running forgotten = Start("exit 3");
+  EXPECT_EQ(forgotten.Child.Wait(), 0);
+  EXPECT_TRUE(forgotten.Child.HasEnded());
+  signal(SIGCHLD, SIG_DFL);
 }
 
 std::string OutputOf(const std::string& command) {
@@ -250,39 +221,6 @@ TEST_F(SearchPaths, TheNextProgramIsTheFirstOtherOneAfterTheLastNameOfItsOwn) {
   ASSERT_EQ(chdir("other"), 0);
   EXPECT_EQ(NextProgram("../own", "Arp", "../own/Arp"), "");        // not in the working directory,
   EXPECT_EQ(NextProgram("../own:", "Arp", "../own/Arp"), "./Arp");  // unless the path names it
-}
-
-TEST(CommandSet, CollectsWhatCommandsWriteAtTheSameTime) {
-  const CaughtSignals signals({SIGCHLD});
-  CommandSet commands;
-  commands.Start(1, "kill -s TSTP $$; echo not stopped; exit 3", CommandSet::Output::Collect);
-  commands.Start(2, "head -c 65537 /dev/zero; sleep 1000 & exec sleep 0.1",
-                 CommandSet::Output::Collect);
-  commands.Start(3, "echo discarded; kill -s KILL $$", CommandSet::Output::Discard);
-  std::map<std::uint64_t, CommandSet::Result> results;
-  while (commands.Count() > 0) {
-    WaitForEvents(commands, signals, OutputState::Watched, std::chrono::milliseconds(1000));
-    for (const CommandSet::Result& result : commands.TakeEnded()) results[result.Key] = result;
-  }
-  EXPECT_EQ(results[1].Output, "not stopped\n");
-  EXPECT_EQ(results[1].Status, 3);
-  EXPECT_FALSE(results[1].IsCut);
-  EXPECT_EQ(results[2].Output, std::string(65536, '\0'));
-  EXPECT_TRUE(results[2].IsCut);
-  EXPECT_EQ(results[3].Output, "");
-  EXPECT_TRUE(results[3].WasKilled);
-}
-
-TEST(CommandSet, LimitsAlsoWhatIsReadAfterTheEnd) {
-  const CaughtSignals signals({SIGCHLD});
-  CommandSet commands;
-  const std::string write = "dd if=/dev/zero bs=33000 count=1";
-  commands.Start(1, write + "; sleep 0.3; " + write, CommandSet::Output::Collect);
-  WaitForEvents(commands, signals, OutputState::Watched, {});  // reads the first half alone
-  std::vector<CommandSet::Result> ended;
-  while (ended.empty()) ended = commands.TakeEnded();
-  EXPECT_EQ(ended[0].Output.size(), 65536U);
-  EXPECT_TRUE(ended[0].IsCut);
 }
 
 }  // namespace

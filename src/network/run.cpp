@@ -3,46 +3,52 @@
 #include <cerrno>
 #include <cstdio>
 #include <exception>
-#include <optional>
+#include <new>
 #include <string>
 #include <system_error>
 
 #include "app/version.h"
-#include "network/neighbourhood.h"
-#include "network/options.h"
-#include "network/plan.h"
+#include "network/plan/options.h"
+#include "network/plan/plan.h"
+#include "network/plan/usage_error.h"
 #include "network/remark.h"
 #include "network/session.h"
-#include "network/usage_error.h"
 #include "platform/console.h"
-#include "platform/devices.h"
+#include "platform/network_stack.h"
 #include "platform/process.h"
 
 namespace hostsweep {
 namespace {
 
+constexpr int Complete = 0;
 constexpr int Incomplete = 1;
 constexpr int WrongUsage = 2;
 
+// The end of a program whose reader is gone: by SIGPIPE, unless the caller has it ignored.
+int EndWithoutReader() {
+  if (!IsIgnored(SIGPIPE)) TerminateBy(SIGPIPE);
+  return Incomplete;
+}
+
 // Writes the text to standard output.
 int Show(const std::string& text) {
-  if (std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0) return 0;
+  if (std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0) return Complete;
   throw std::system_error(errno, std::generic_category(), "standard output");
 }
 
-int Sweep(const Options& options, bool ignoresBrokenPipes) {
-  const Neighbourhood neighbourhood(DeviceAddresses());
-  const Plan plan = MakePlan(options, neighbourhood);
+int Sweep(const Options& options) {
+  NetworkStack stack;
+  const Plan plan = MakePlan(options, stack);
   for (const std::string& note : plan.Notes) Remark(note);
   if (plan.IsRefused || plan.Networks.empty()) return Incomplete;
-  const SessionEnd end = RunSession(options, plan, neighbourhood);
+  const SessionEnd end = RunSession(options, plan, stack);
+  if (end.IsReaderGone) return EndWithoutReader();
   if (!end.Summary.empty()) PrintError(end.Summary + "\n");
   for (const std::string& reason : end.Reasons) Remark(reason);
-  if (!end.Signal || (*end.Signal == SIGPIPE && ignoresBrokenPipes)) return end.Status;
-  TerminateBy(*end.Signal);
+  return end.IsComplete ? Complete : Incomplete;
 }
 
-int Run(int argumentCount, char** arguments, bool ignoresBrokenPipes) {
+int Run(int argumentCount, char** arguments) {
   const Options options = ReadOptions(argumentCount, arguments);
   switch (options.Wanted) {
     case Task::PrintHelp:
@@ -50,25 +56,30 @@ int Run(int argumentCount, char** arguments, bool ignoresBrokenPipes) {
     case Task::PrintVersion:
       return Show(std::string("hostsweep-network ") + ShortVersion + "\n");
     default:
-      return Sweep(options, ignoresBrokenPipes);
+      return Sweep(options);
   }
 }
 
 }  // namespace
 
 int RunNetworkProgram(int argumentCount, char** arguments) {
-  const bool ignoresBrokenPipes = IsIgnored(SIGPIPE);
-  PrepareProcess();
+  OpenStandardDescriptors();
+  IgnoreFileSizeSignal();
   try {
-    return Run(argumentCount, arguments, ignoresBrokenPipes);
+    return Run(argumentCount, arguments);
   } catch (const UsageError& error) {
     Remark(error.what());
     PrintError(UsageLine() + "\n");
     return WrongUsage;
+  } catch (const std::system_error& error) {
+    if (error.code() == std::errc::broken_pipe) return EndWithoutReader();
+    Remark(error.what());
+  } catch (const std::bad_alloc&) {
+    Remark("there is not enough memory");
   } catch (const std::exception& error) {
     Remark(error.what());
-    return Incomplete;
   }
+  return Incomplete;
 }
 
 }  // namespace hostsweep

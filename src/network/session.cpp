@@ -2,18 +2,16 @@
 
 #include <algorithm>
 #include <chrono>
-#include <string>
+#include <cstdint>
+#include <optional>
 #include <system_error>
-#include <vector>
 
-#include "network/format.h"
-#include "network/progress.h"
-#include "network/report.h"
-#include "network/sweeper.h"
-#include "platform/caught_signals.h"
-#include "platform/command_set.h"
-#include "platform/events.h"
-#include "platform/process.h"
+#include "network/engine/sweeper.h"
+#include "network/report/format.h"
+#include "network/report/progress.h"
+#include "network/report/report_writer.h"
+#include "platform/clock.h"
+#include "platform/poll.h"
 #include "platform/terminal.h"
 
 namespace hostsweep {
@@ -21,22 +19,16 @@ namespace {
 
 using std::chrono::milliseconds;
 
-std::vector<int> SignalsToCatch() {
-  std::vector<int> numbers(TerminatingSignals.begin(), TerminatingSignals.end());
-  numbers.insert(numbers.end(), {SIGTSTP, SIGCHLD});
-  return numbers;
-}
-
 Format FormatOf(const Options& options) {
   const bool isSeen = KindOf(StandardOutput) == FileKind::Terminal;
-  return options.Output.value_or(isSeen ? Format::Table : Format::Lines);
+  return options.ReportFormat.value_or(isSeen ? Format::Table : Format::Lines);
 }
 
 Layout LayoutOf(const Options& options) {
   constexpr std::uint32_t WideRow = 64;
   constexpr int WideColumns = 16 + WideRow;  // with the label
   Layout layout;
-  layout.Report = options.Report;
+  layout.Reported = options.Reported;
   layout.IsForTerminal = KindOf(StandardOutput) == FileKind::Terminal;
   if (layout.IsForTerminal && ColumnsOf(StandardOutput) >= WideColumns) layout.MapWidth = WideRow;
   return layout;
@@ -54,35 +46,32 @@ std::uint64_t CountAll(const std::vector<Network>& networks) {
 
 class Session {
  public:
-  Session(const Options& options, const Plan& plan, const Neighbourhood& neighbourhood)
-      : isPlanComplete_(plan.IsComplete),
+  Session(const Options& options, const Plan& plan, NetworkStack& stack)
+      : leavesOut_(plan.LeavesOut),
         total_(CountAll(plan.Networks)),
-        signals_(SignalsToCatch()),
-        sweeper_(plan.Networks, options.Jobs, plan.Available, neighbourhood, commands_),
+        sweeper_(plan.Networks, options.Jobs, stack),
         report_(plan.Networks, FormatOf(options), LayoutOf(options)),
         progress_(ShowsProgress(), total_) {}
 
   SessionEnd Run() {
     for (;;) {
-      sweeper_.Start(Clock::now(), MayBegin());
+      const Clock::time_point now = Clock::now();
+      sweeper_.Proceed(watched_, now, MayBegin());
       PassFindings();
-      if (!Write()) return {SIGPIPE, 1, {}, {}};
-      if (isReported_ && report_.Output().Size() == 0 && !report_.AddFree()) return Finish();
-      if (!Wait()) return {SIGPIPE, 1, {}, {}};
-      if (const std::optional<int> signal = HandleSignals()) return {signal, 1, {}, {}};
-      for (const CommandSet::Result& result : commands_.TakeEnded()) {
-        sweeper_.Take(result, Clock::now());
-      }
+      if (!Write(now)) return ReaderGone();
+      const bool isWritten = report_.Pending().Size() == 0;
+      if (isReported_ && isWritten && !report_.AddFree()) return Finish(now);
+      if (!Wait(now)) return ReaderGone();
     }
   }
 
  private:
-  [[nodiscard]] bool IsComplete() const { return isPlanComplete_ && sweeper_.Troubles().IsEmpty(); }
+  [[nodiscard]] bool IsComplete() const { return !leavesOut_ && sweeper_.Troubles().AreNone(); }
 
   // A reader that is slow delays new addresses, so that what waits for it stays small.
-  [[nodiscard]] bool MayBegin() {
+  [[nodiscard]] bool MayBegin() const {
     constexpr std::size_t LargeOutput = 1U << 16U;
-    return report_.Output().Size() < LargeOutput;
+    return report_.Pending().Size() < LargeOutput;
   }
 
   void PassFindings() {
@@ -93,74 +82,69 @@ class Session {
   }
 
   // Returns false if the reader of standard output is gone.
-  bool Write() {
-    OutputQueue& output = report_.Output();
-    if (output.Size() > 0) progress_.TryErase();
+  bool Write(Clock::time_point now) {
+    OutputQueue& pending = report_.Pending();
+    if (pending.Size() > 0) progress_.TryErase();
     try {
-      output.Write();
+      pending.Write();
     } catch (const std::system_error& error) {
       if (error.code() != std::errc::broken_pipe) throw;
       return false;
     }
     // The line is not drawn between the parts of a longer one.
-    if (output.Size() == 0) progress_.Show(sweeper_.DoneCount(), Clock::now());
+    if (pending.Size() == 0) progress_.Show(sweeper_.DoneCount(), now);
     return true;
   }
 
   // Waits for the next event. Returns false if the reader of standard output is gone.
-  bool Wait() {
-    std::optional<Clock::time_point> time = sweeper_.WakeTime(MayBegin());
-    const bool hasOutput = report_.Output().Size() > 0;
-    if (progress_.IsEnabled() && !hasOutput) {
-      time = std::min(time.value_or(progress_.NextTime()), progress_.NextTime());
-    }
+  bool Wait(Clock::time_point now) {
+    // Only a pipe can lose its reader, and macOS's poll(2) knows no terminals: one that is full is
+    // looked at again later.
+    constexpr milliseconds TerminalInterval(20);
+    const bool isPipe = KindOf(StandardOutput) == FileKind::Pipe;
+    const bool hasOutput = report_.Pending().Size() > 0;
+    std::optional<Clock::time_point> next = sweeper_.NextTime(now, MayBegin());
+    const auto wakeAt = [&](Clock::time_point time) { next = std::min(next.value_or(time), time); };
+    if (progress_.IsEnabled() && !hasOutput) wakeAt(progress_.NextTime());
+    if (hasOutput && !isPipe) wakeAt(now + TerminalInterval);
+    watched_.clear();
+    watched_.push_back({isPipe ? StandardOutput : -1, false, hasOutput});
+    sweeper_.Watch(watched_);
     std::optional<milliseconds> rest;
-    if (time) {
-      rest = std::max(std::chrono::ceil<milliseconds>(*time - Clock::now()), milliseconds(0));
-    }
-    return WaitForEvents(commands_, signals_,
-                         hasOutput ? OutputState::Wanted : OutputState::Watched, rest);
+    if (next) rest = std::max(std::chrono::ceil<milliseconds>(*next - now), milliseconds(0));
+    WaitFor(watched_, rest);
+    return !watched_.front().IsBroken;
   }
 
-  // Stops everything if that is asked for. Returns the signal that terminates the program, if one
-  // has arrived.
-  std::optional<int> HandleSignals() {
-    for (const int number : TerminatingSignals) {
-      if (CaughtSignals::Take(number)) return number;
-    }
-    if (CaughtSignals::Take(SIGTSTP)) {
-      progress_.TryErase();
-      commands_.Signal(SIGSTOP);
-      StopProcess();
-      commands_.Signal(SIGCONT);
-    }
-    return {};
+  static SessionEnd ReaderGone() {
+    SessionEnd end;
+    end.IsReaderGone = true;
+    return end;
   }
 
-  [[nodiscard]] SessionEnd Finish() const {
-    const auto time = std::chrono::duration_cast<milliseconds>(Clock::now() - begin_);
-    return {{},
-            IsComplete() ? 0 : 1,
-            progress_.IsEnabled() ? report_.Summary(time) : "",
-            sweeper_.Troubles().Describe(total_)};
+  [[nodiscard]] SessionEnd Finish(Clock::time_point now) const {
+    SessionEnd end;
+    end.IsComplete = IsComplete();
+    const auto time = std::chrono::duration_cast<milliseconds>(now - begin_);
+    if (progress_.IsEnabled()) end.Summary = report_.Summary(time);
+    end.Reasons = sweeper_.Troubles().Describe(total_);
+    return end;
   }
 
-  bool isPlanComplete_;
+  bool leavesOut_;
   std::uint64_t total_;
   Clock::time_point begin_ = Clock::now();
-  CaughtSignals signals_;
-  CommandSet commands_;
   Sweeper sweeper_;
-  Report report_;
+  ReportWriter report_;
   bool isReported_ = false;
   Progress progress_;
+  std::vector<Watched> watched_;
 };
 
 }  // namespace
 
-SessionEnd RunSession(const Options& options, const Plan& plan,
-                      const Neighbourhood& neighbourhood) {
-  return Session(options, plan, neighbourhood).Run();
+SessionEnd RunSession(const Options& options, const Plan& plan, NetworkStack& stack) {
+  return Session(options, plan, stack).Run();
 }
 
 }  // namespace hostsweep

@@ -35,11 +35,7 @@ class StandardStreams {
 
   void Set(int output) {
     Require(posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0));
-    if (output == ChildProcess::NoOutput) {
-      Require(posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0));
-    } else {
-      Require(posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO));
-    }
+    Require(posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO));
     Require(posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0));
   }
 
@@ -49,7 +45,7 @@ class StandardStreams {
   posix_spawn_file_actions_t actions_{};
 };
 
-// The signal actions and the process group of a child.
+// The signal actions of a child.
 class SpawnAttributes {
  public:
   SpawnAttributes() { Require(posix_spawnattr_init(&attributes_)); }
@@ -58,32 +54,17 @@ class SpawnAttributes {
   ~SpawnAttributes() { posix_spawnattr_destroy(&attributes_); }
 
   // Gives the child the default action of the signals that `PrepareProcess` ignores.
-  void Set(ChildProcess::Group group) {
+  void Set() {
     sigset_t ignored;
     sigemptyset(&ignored);
     for (const int number : WriteSignals) sigaddset(&ignored, number);
     Require(posix_spawnattr_setsigdefault(&attributes_, &ignored));
-    int flags = POSIX_SPAWN_SETSIGDEF;
-    if (group == ChildProcess::Group::Own) {
-      flags |= POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK;
-      Require(posix_spawnattr_setpgroup(&attributes_, 0));
-      BlockStops();
-    }
-    Require(posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)));
+    Require(posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF));
   }
 
   [[nodiscard]] const posix_spawnattr_t* Get() const { return &attributes_; }
 
  private:
-  // Until it has its own group, a terminal's suspend character would stop the child too, and with
-  // it this program, which waits until the child has begun to run its program.
-  void BlockStops() {
-    sigset_t stops;
-    sigemptyset(&stops);
-    for (const int number : {SIGTSTP, SIGTTIN, SIGTTOU}) sigaddset(&stops, number);
-    Require(posix_spawnattr_setsigmask(&attributes_, &stops));
-  }
-
   posix_spawnattr_t attributes_{};
 };
 
@@ -95,37 +76,23 @@ pid_t Spawn(const std::vector<std::string>& command, const std::vector<std::stri
   return pid;
 }
 
-// The id of a child that has ended, which is not reaped; 0 if there is none, -1 if no such child is
-// there.
-pid_t Ended(idtype_t type, pid_t pid, int options) {
-  siginfo_t child{};
-  const int result = RetryInterrupted(
-      [&] { return waitid(type, static_cast<id_t>(pid), &child, WEXITED | WNOWAIT | options); });
-  return result == -1 ? -1 : child.si_pid;
-}
-
 }  // namespace
 
 ChildProcess ChildProcess::StartIsolated(const std::vector<std::string>& command,
-                                         const std::vector<std::string>& environment, int output,
-                                         Group group) {
+                                         const std::vector<std::string>& environment, int output) {
   StandardStreams streams;
   streams.Set(output);
   SpawnAttributes attributes;
-  attributes.Set(group);
-  return {Spawn(command, environment, streams.Get(), attributes.Get()), group};
+  attributes.Set();
+  return ChildProcess(Spawn(command, environment, streams.Get(), attributes.Get()));
 }
 
 ChildProcess ChildProcess::StartInheriting(const std::vector<std::string>& command) {
-  return {Spawn(command, Environment(), nullptr, nullptr), Group::Inherited};
+  return ChildProcess(Spawn(command, Environment(), nullptr, nullptr));
 }
 
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept
-    : pid_(other.pid_),
-      group_(other.group_),
-      ended_(std::exchange(other.ended_, true)),
-      wasKilled_(other.wasKilled_),
-      status_(other.status_) {}
+    : pid_(other.pid_), ended_(std::exchange(other.ended_, true)), status_(other.status_) {}
 
 ChildProcess::~ChildProcess() {
   Signal(SIGKILL);
@@ -143,32 +110,19 @@ int ChildProcess::Wait() {
 }
 
 void ChildProcess::Signal(int number) const {
-  if (!ended_) kill(group_ == Group::Own ? -pid_ : pid_, number);
+  if (!ended_) kill(pid_, number);
 }
 
 // Reaps the child once it has ended, which `options` says whether to wait for. A child that cannot
 // be waited for is no longer there, and counts as ended.
 void ChildProcess::Reap(int options) {
   if (ended_) return;
-  if (group_ == Group::Own) {
-    // Until the child is reaped, no other process or group can get its number.
-    const pid_t over = Ended(P_PID, pid_, options);
-    if (over == 0) return;
-    if (over > 0) Signal(SIGKILL);
-  }
   int status = 0;
   const pid_t reaped = RetryInterrupted([&] { return waitpid(pid_, &status, options); });
   if (reaped == 0) return;
   ended_ = true;
   if (reaped == -1) return;
-  wasKilled_ = WIFSIGNALED(status);
-  status_ = wasKilled_ ? ExitSignal + WTERMSIG(status) : WEXITSTATUS(status);
+  status_ = WIFSIGNALED(status) ? ExitSignal + WTERMSIG(status) : WEXITSTATUS(status);
 }
-
-void ReapChild(pid_t pid) {
-  RetryInterrupted([&] { return waitpid(pid, nullptr, 0); });
-}
-
-pid_t EndedChild() { return std::max(Ended(P_ALL, 0, WNOHANG), 0); }
 
 }  // namespace hostsweep

@@ -28,4 +28,7 @@ class Descriptor {
   int number_;
 };
 
+// True if the process could open another descriptor now. Standard input must be open.
+inline bool HasFreeDescriptor() { return Descriptor(dup(STDIN_FILENO)).Number() >= 0; }
+
 }  // namespace hostsweep

@@ -1,5 +1,5 @@
-// The network devices of this machine, and whether it can reach an address. Addresses are numbers
-// in host byte order.
+// The IPv4 addresses of this machine and the devices that have them. Addresses are numbers in host
+// byte order.
 #pragma once
 
 #include <cstdint>
@@ -8,20 +8,30 @@
 
 namespace hostsweep {
 
-// One IPv4 address of a device that uses ARP: one that broadcasts and is not a loopback.
+// One address of a device, and the network that it puts the device on. On a device with a peer the
+// network is the peer's, and need not have the address itself.
 struct DeviceAddress {
   std::string Device;
+  int Index = 0;  // the system's number of the device
   std::uint32_t Address = 0;
-  std::uint32_t Netmask = 0;
-  bool IsUp = false;  // set up, and its link too
+  std::uint32_t Network = 0;  // any address of it
+  std::uint32_t PrefixLength = 0;
+  std::string HardwareAddress;  // bytes; empty for a loopback, a tunnel, and where there is none
+  bool UsesArp = false;         // it broadcasts, and is neither a loopback nor a tunnel
+  bool IsUp = false;            // it is set up, and has a link
 };
 
-// Those of all such devices, in the system's order. Throws `std::system_error` if they cannot be
-// listed.
+// All of them, in the system's order. Throws `std::system_error` if they cannot be listed.
 std::vector<DeviceAddress> DeviceAddresses();
 
-// False if the system says that it has no route to the address, or one that refuses it. Sends
-// nothing. Throws `std::system_error` if the system lacks what asking takes.
-bool HasRoute(std::uint32_t address);
+// True if the address is in the network that this one puts its device on.
+bool IsInNetwork(const DeviceAddress& device, std::uint32_t address);
+
+// True if it is the first or the last in it, and the network has more than two: the network's own
+// address or its broadcast address.
+bool IsReserved(const DeviceAddress& device, std::uint32_t address);
+
+// The first of them that has the address and a hardware address; null if there is none.
+const DeviceAddress* FindOwner(const std::vector<DeviceAddress>& devices, std::uint32_t address);
 
 }  // namespace hostsweep

@@ -9,14 +9,9 @@
 #include "platform/system_call.h"
 
 namespace hostsweep {
+namespace {
 
-Pipe OpenPipe() {
-  std::array<int, 2> ends{};
-  if (pipe(ends.data()) != 0) ThrowSystemError("pipe");
-  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
-  return {Descriptor(ends[0]), Descriptor(ends[1])};
-}
-
+// Reads all that the pipe holds.
 ReadResult ReadOnce(const Descriptor& reader, std::string& output) {
   // Linux gives a pipe 16 pages of at most 64 KiB each; other systems give it less.
   constexpr std::size_t PipeCapacity = 1U << 20U;
@@ -26,6 +21,15 @@ ReadResult ReadOnce(const Descriptor& reader, std::string& output) {
   if (size < 0) ThrowSystemError("read");
   output.append(buffer.data(), static_cast<std::size_t>(size));
   return size > 0 ? ReadResult::Data : ReadResult::End;
+}
+
+}  // namespace
+
+Pipe OpenPipe() {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) ThrowSystemError("pipe");
+  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
+  return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
 ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,

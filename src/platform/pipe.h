@@ -20,11 +20,8 @@ Pipe OpenPipe();
 // How an attempt to read ended: with data, at the end of the pipe, or because none came in time.
 enum class ReadResult { Data, End, Timeout };
 
-// Waits until the pipe can be read, and then appends all that it holds to `output`. Throws
-// `std::system_error` if reading fails.
-ReadResult ReadOnce(const Descriptor& reader, std::string& output);
-
-// The same, but waits at most that long, 0 or more; throws also if waiting fails.
+// Waits until the pipe can be read, at most that long, 0 or more, and then appends all that it
+// holds to `output`. Throws `std::system_error` if waiting or reading fails.
 ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
                       std::string& output);
 

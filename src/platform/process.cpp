@@ -45,7 +45,7 @@ bool IsIgnored(int signalNumber) {
   return action.sa_handler == SIG_IGN;
 }
 
-void StopProcess() { raise(SIGSTOP); }
+void IgnoreFileSizeSignal() { signal(SIGXFSZ, SIG_IGN); }
 
 void TerminateBy(int signalNumber) {
   signal(signalNumber, SIG_DFL);

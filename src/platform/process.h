@@ -11,10 +11,6 @@ namespace hostsweep {
 // programs that this one starts get their default action back.
 constexpr std::array<int, 2> WriteSignals = {SIGPIPE, SIGXFSZ};
 
-// The other signals of POSIX by which users, terminals and timers terminate a program.
-constexpr std::array<int, 10> TerminatingSignals = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,   SIGALRM,
-                                                    SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF};
-
 // Opens the standard descriptors that are closed on /dev/null, so that no other file gets their
 // numbers. Writing to them still fails.
 void OpenStandardDescriptors();
@@ -27,11 +23,11 @@ void OpenStandardDescriptors();
 // - No signal is blocked, and the ends of child processes are not ignored.
 void PrepareProcess();
 
+// Has writing beyond the file size limit return an error instead of terminating the program.
+void IgnoreFileSizeSignal();
+
 // True if the signal is ignored.
 bool IsIgnored(int signalNumber);
-
-// Stops the process until it is continued, whether or not there is a shell to continue it.
-void StopProcess();
 
 // Ends the process by the default action of the signal, which is to terminate it.
 [[noreturn]] void TerminateBy(int signalNumber);

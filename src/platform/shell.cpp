@@ -4,14 +4,13 @@
 #include <system_error>
 
 #include "platform/child_process.h"
+#include "platform/clock.h"
 #include "platform/exceptions.h"
 #include "platform/pipe.h"
 #include "platform/tool_environment.h"
 
 namespace hostsweep {
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 // Reads until that time or the end of the pipe, and says which of the two it was.
 ReadResult ReadUntil(Clock::time_point time, const Descriptor& reader, std::string& output) {
@@ -55,7 +54,7 @@ void Shell::Execute(const Text& command) {
   Pipe output = Translated<ShellNotAvailableException>(OpenPipe);
   ChildProcess child = Translated<ShellNotAvailableException>([&] {
     return ChildProcess::StartIsolated({"/bin/sh", "-c", command.Bytes()}, environment_,
-                                       output.Writer.Number(), ChildProcess::Group::Inherited);
+                                       output.Writer.Number());
   });
   output.Writer.Close();  // the child's copy is the last one, so its end is the output's end
   SetResult(Translated<ShellNotRunningException>([&] { return Collect(output.Reader, child); }));

@@ -1,20 +1,17 @@
 // Linux: the kernel's ARP cache, and its list of devices, whose own addresses are not in the cache.
 #include <arpa/inet.h>
-#include <ifaddrs.h>
-#include <net/if.h>
 #include <netinet/in.h>
-#include <netpacket/packet.h>
-#include <sys/socket.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstddef>
 #include <cstdio>
 #include <cstring>
-#include <memory>
 #include <optional>
+#include <string>
+#include <system_error>
 
+#include "platform/devices.h"
+#include "platform/hardware_bytes.h"
 #include "tools/arp_cache.h"
 #include "tools/neighbour.h"
 #include "tools/tool.h"
@@ -22,47 +19,15 @@
 namespace hostsweep {
 namespace {
 
-std::string AddressOf(const ifaddrs& device) {
-  sockaddr_in address{};
-  std::memcpy(&address, device.ifa_addr, sizeof address);
-  std::array<char, INET_ADDRSTRLEN> text{};
-  inet_ntop(AF_INET, &address.sin_addr, text.data(), text.size());
-  return text.data();
-}
-
-// The C library makes room for a hardware address that is longer than the member for it.
-std::string HardwareAddressOf(const ifaddrs& device) {
-  const auto* const bytes = reinterpret_cast<const unsigned char*>(device.ifa_addr);
-  return FormatHardwareAddress(bytes + offsetof(sockaddr_ll, sll_addr),
-                               bytes[offsetof(sockaddr_ll, sll_halen)]);
-}
-
-bool IsOfFamily(const ifaddrs& device, int family) {
-  return device.ifa_addr != nullptr && device.ifa_addr->sa_family == family;
-}
-
-// The name of a device without the ":" and label that one of its addresses can carry.
-std::string NameOf(const ifaddrs& device) {
-  const std::string name = device.ifa_name;
-  return name.substr(0, name.find(':'));
-}
-
 // The entry for an address of this machine itself: permanent, with its device's hardware address;
 // none if that device is a loopback, a tunnel, or has no hardware address.
 std::optional<ArpEntry> FindOwn(const std::string& address) {
-  ifaddrs* list = nullptr;
-  if (getifaddrs(&list) != 0) return {};
-  const std::unique_ptr<ifaddrs, void (*)(ifaddrs*)> devices(list, freeifaddrs);
-  for (const ifaddrs* owner = list; owner != nullptr; owner = owner->ifa_next) {
-    if (!IsOfFamily(*owner, AF_INET) || AddressOf(*owner) != address) continue;
-    if ((owner->ifa_flags & (IFF_LOOPBACK | IFF_POINTOPOINT)) != 0) continue;
-    for (const ifaddrs* device = list; device != nullptr; device = device->ifa_next) {
-      if (!IsOfFamily(*device, AF_PACKET) || NameOf(*device) != NameOf(*owner)) continue;
-      const std::string hardwareAddress = HardwareAddressOf(*device);
-      if (!hardwareAddress.empty()) return ArpEntry{hardwareAddress, NameOf(*device), true};
-    }
-  }
-  return {};
+  in_addr own{};
+  if (inet_pton(AF_INET, address.c_str(), &own) != 1) return {};
+  const std::vector<DeviceAddress> devices = DeviceAddresses();
+  const DeviceAddress* const device = FindOwner(devices, ntohl(own.s_addr));
+  if (device == nullptr) return {};
+  return ArpEntry{FormatHardwareBytes(device->HardwareAddress), device->Device, true};
 }
 
 std::optional<ArpEntry> Find(const std::string& address) {

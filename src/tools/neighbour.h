@@ -1,7 +1,6 @@
-// Linux: the kernel's entries in the ARP cache, which it calls neighbours.
+// Linux: the kernel's entry in the ARP cache for one address.
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -20,8 +19,5 @@ struct ArpEntry {
 // its one entry, so the cost does not depend on how many entries there are. Needs Linux 5.0; throws
 // `std::system_error` if the kernel does not answer.
 std::optional<ArpEntry> FindNeighbour(const std::string& address);
-
-// Groups of two hexadecimal digits joined by ":".
-std::string FormatHardwareAddress(const unsigned char* bytes, std::size_t count);
 
 }  // namespace hostsweep

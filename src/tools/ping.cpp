@@ -7,32 +7,31 @@
 #include <system_error>
 #include <vector>
 
-#include "platform/caught_signals.h"
+#include "platform/caught_signal.h"
 #include "platform/child_process.h"
+#include "platform/clock.h"
 #include "platform/pipe.h"
 #include "tools/tool.h"
 
 namespace hostsweep {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 // Returns when the child has ended, or at that time.
-void AwaitEnd(ChildProcess& child, const CaughtSignals& signals, Clock::time_point time) {
+void AwaitEnd(ChildProcess& child, const CaughtSignal& childEnd, Clock::time_point time) {
   std::string data;
   while (!child.HasEnded()) {
     const auto rest = std::chrono::ceil<std::chrono::milliseconds>(time - Clock::now());
     if (rest.count() <= 0) return;
-    ReadWithin(rest, signals.Reader(), data);
+    ReadWithin(rest, childEnd.Reader(), data);
   }
 }
 
 // Returns the exit status. The child stays in this program's process group, so an interrupt from
 // the terminal reaches both.
 int RunForOneSecond(const std::vector<std::string>& command) {
-  const CaughtSignals signals({SIGCHLD});
+  const CaughtSignal childEnd(SIGCHLD);
   ChildProcess child = ChildProcess::StartInheriting(command);
-  AwaitEnd(child, signals, Clock::now() + std::chrono::seconds(1));
+  AwaitEnd(child, childEnd, Clock::now() + std::chrono::seconds(1));
   child.Signal(SIGKILL);
   return child.Wait();
 }

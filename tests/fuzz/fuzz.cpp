@@ -1,10 +1,11 @@
-// What must hold for any bytes that a tool may print, for Clang's libFuzzer. The sanitizers look
-// for everything else.
+// What must hold for any bytes that a tool may print or a name server may send, for Clang's
+// libFuzzer. The sanitizers look for everything else.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
+#include "network/engine/pointer_records.h"
 #include "platform/text/text_operations.h"
 #include "sweep/hardware_address.h"
 #include "sweep/host_name.h"
@@ -14,6 +15,18 @@ namespace {
 
 void Require(bool holds) {
   if (!holds) std::abort();
+}
+
+// An answer gives names to the address that was asked for alone: without its name in the message
+// there are none. Nothing that could steer a terminal comes out.
+void CheckAnswer(const std::string& message) {
+  const auto names = PointerNamesIn(message, "7.0.0.10.in-addr.arpa");
+  if (!names) return;
+  const bool isNamed = Contains(message, "in-addr");
+  Require(names->empty() || isNamed);
+  for (const std::string& name : *names) {
+    for (const char byte : name) Require(byte > ' ' && byte < 0x7F);
+  }
 }
 
 void Check(const Text& text, const Text& part, std::int64_t count) {
@@ -37,5 +50,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::size_t partSize = data[0] % 3;
   hostsweep::Check(bytes.substr(partSize), bytes.substr(0, partSize),
                    static_cast<std::int8_t>(data[1]));
+  hostsweep::CheckAnswer(bytes);
   return 0;
 }

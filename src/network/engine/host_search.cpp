@@ -1,0 +1,186 @@
+#include "network/engine/host_search.h"
+
+namespace hostsweep {
+namespace {
+
+using std::chrono::milliseconds;
+
+// The kernel asks three times, a second apart (arp(7)). A host has this long for its answer to the
+// last request.
+constexpr int Requests = 3;
+constexpr milliseconds AnswerTime(150);
+
+// The time of the last request where the system does not count them.
+constexpr milliseconds UncountedRequests(2050);
+
+// Where datagrams can be lost, a silent host is probed this often.
+constexpr int Probes = 3;
+constexpr milliseconds ProbeInterval(700);
+constexpr milliseconds LastProbeTime(800);
+
+// The kernel's longest verdict after a probe: it waits five seconds before it asks at an old
+// hardware address, and then asks three times (arp(7)).
+constexpr milliseconds LongestVerdict(9000);
+
+// An entry can be thrown away and made anew while the table is being listed.
+constexpr int Misses = 3;
+
+// More are only needed where somebody else changes the table all the time.
+constexpr int MostProbes = 8;
+
+// What ages, which are in hundredths of a second, and the reading of the table can be late by.
+constexpr milliseconds Tolerance(20);
+
+bool IsFixed(NeighbourState state) {
+  return state == NeighbourState::Permanent || state == NeighbourState::NoArp;
+}
+
+}  // namespace
+
+void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
+  if (state_ == State::Up) return;
+  if (event.What == SearchEvent::Kind::Changed) {
+    hasChanged_ ? Doubtful(Doubt::Changed) : Begin(event.How);
+    return;
+  }
+  if (IsDone()) return;
+  switch (event.What) {
+    case SearchEvent::Kind::Sent:
+      state_ = hearing_ == Hearing::Arp ? State::Probed : State::Listening;
+      probe_ = now;
+      ++probes_;
+      misses_ = 0;
+      break;
+    case SearchEvent::Kind::Answered:
+      isHeard_ = true;
+      // By ARP, the next look has the hardware address.
+      if (state_ == State::Listening || hearing_ == Hearing::Answer) state_ = State::Up;
+      break;
+    case SearchEvent::Kind::Seen:
+      if (state_ != State::ToProbe) TakeSight(event.Entry, now);
+      break;
+    default:
+      Doubtful(event.Reason);
+      break;
+  }
+}
+
+void HostSearch::TakeSight(const Neighbour* entry, Clock::time_point now) {
+  if (now - probe_ > LongestVerdict) return Doubtful(Doubt::TooLong);
+  if (hearing_ == Hearing::Answer) return Listen(entry, now);
+  if (entry == nullptr) return SeeNothing(now);
+  if (IsFixed(entry->State)) return Listen(nullptr, now);
+  switch (entry->State) {
+    case NeighbourState::Reachable:
+      state_ = State::Up;
+      break;
+    case NeighbourState::Incomplete:
+      SeeIncomplete(*entry, now);
+      break;
+    case NeighbourState::Failed:
+      SeeFailed(*entry, now);
+      break;
+    case NeighbourState::None:
+      SeeNothing(now);
+      break;
+    default:
+      SeeUnconfirmed(*entry, now);
+      break;
+  }
+}
+
+// Only requests since the probe count.
+void HostSearch::SeeIncomplete(const Neighbour& entry, Clock::time_point now) {
+  misses_ = 0;
+  if (!IsSinceProbe(entry.Since)) {
+    state_ = State::AskingSince;
+  } else if (state_ == State::AskingLast) {
+    if (now - lastRequest_ >= AnswerTime) state_ = State::Absent;
+  } else {
+    const bool isLast =
+        entry.Requests ? *entry.Requests >= Requests : now - probe_ >= UncountedRequests;
+    state_ = isLast ? State::AskingLast : State::Asking;
+    if (isLast) lastRequest_ = now;
+  }
+}
+
+// A failure says that there is no host if all requests were made since the probe.
+void HostSearch::SeeFailed(const Neighbour& entry, Clock::time_point now) {
+  if (!IsSinceProbe(entry.Since)) return SeeNothing(now);
+  const bool isIdle = wasIdle_ && state_ == State::Probed;
+  if (isIdle || state_ == State::Asking || state_ == State::AskingLast) {
+    state_ = State::Absent;
+  } else {
+    ProbeAnew();
+  }
+}
+
+// An entry that had no hardware address since the probe and has one now: the host has told it.
+void HostSearch::SeeUnconfirmed(const Neighbour& entry, Clock::time_point now) {
+  if (isHeard_ || IsAsking() || IsSinceProbe(entry.Confirmed)) {
+    state_ = State::Up;
+  } else if (entry.State == NeighbourState::Stale) {
+    SeeNothing(now);  // a datagram would have begun its confirmation
+  } else {
+    misses_ = 0;
+    state_ = State::Verifying;
+  }
+}
+
+void HostSearch::SeeNothing(Clock::time_point now) {
+  // A failed entry can be thrown away at once.
+  const bool isOver = state_ == State::AskingLast && now - lastRequest_ >= AnswerTime;
+  if (isOver) state_ = State::Absent;
+  if (isOver || ++misses_ < Misses) return;
+  if (isHeard_) {
+    state_ = State::Up;
+  } else if (wasMissed_) {
+    Doubtful(Doubt::NotAsked);
+  } else {
+    wasMissed_ = true;
+    ProbeAnew();
+  }
+}
+
+void HostSearch::Listen(const Neighbour* gateway, Clock::time_point now) {
+  state_ = State::Listening;
+  if (isHeard_) {
+    state_ = State::Up;
+    return;
+  }
+  if (probes_ < Probes) {
+    if (now - probe_ >= ProbeInterval) ProbeAnew();
+    return;
+  }
+  if (now - probe_ < LastProbeTime) return;
+  const NeighbourState state = gateway == nullptr ? NeighbourState::NoArp : gateway->State;
+  if (state == NeighbourState::Incomplete || state == NeighbourState::Failed) {
+    Doubtful(Doubt::GatewaySilent);
+  } else if (state != NeighbourState::Delay && state != NeighbourState::Probe) {
+    Doubtful(Doubt::None);
+  }
+}
+
+void HostSearch::ProbeAnew() {
+  if (probes_ == MostProbes) return Doubtful(Doubt::TooLong);
+  state_ = State::ToProbe;
+  wasIdle_ = true;
+}
+
+void HostSearch::Begin(Hearing hearing) {
+  *this = HostSearch(hearing);
+  hasChanged_ = true;
+}
+
+void HostSearch::Doubtful(Doubt reason) {
+  state_ = State::Unknown;
+  reason_ = reason;
+}
+
+bool HostSearch::IsAsking() const {
+  return state_ == State::Asking || state_ == State::AskingLast || state_ == State::AskingSince;
+}
+
+bool HostSearch::IsSinceProbe(Clock::time_point time) const { return time + Tolerance >= probe_; }
+
+}  // namespace hostsweep

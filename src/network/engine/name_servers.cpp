@@ -1,0 +1,217 @@
+#include "network/engine/name_servers.h"
+
+#define CARES_NO_DEPRECATED  // the functions that versions from 1.18 on have
+#include <ares.h>
+
+#include <algorithm>
+#include <new>
+#include <stdexcept>
+#include <string_view>
+
+#include "network/engine/pointer_records.h"
+#include "platform/descriptor.h"
+
+namespace hostsweep {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::size_t MostQuestions = 64;
+constexpr milliseconds LongestQuestion(6000);
+
+// The first try has this long; newer versions of the library adapt it to the answers, so that a
+// server that was fast could be given up soon without the further tries.
+constexpr int FirstTimeout = 1000;
+constexpr int Tries = 4;
+
+constexpr int PointerType = 12;
+constexpr int InternetClass = 1;
+
+std::string Joined(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += (&name == &names.front() ? "" : " ") + name;
+  return text;
+}
+
+}  // namespace
+
+NameServers::Channel::Channel(int flags) {
+  static const int ready = ares_library_init(ARES_LIB_INIT_ALL);
+  ares_options options{};
+  options.flags = flags;
+  options.timeout = FirstTimeout;
+  options.tries = Tries;
+  options.sock_state_cb_data = this;
+  options.sock_state_cb = [](void* channel, ares_socket_t socket, int reads, int writes) {
+    std::map<int, Interest>& sockets = static_cast<Channel*>(channel)->Sockets;
+    if (reads == 0 && writes == 0) {
+      sockets.erase(socket);
+    } else {
+      sockets[socket] = {reads != 0, writes != 0};
+    }
+  };
+  const int status = ready == ARES_SUCCESS
+                         ? ares_init_options(&Handle, &options,
+                                             ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES |
+                                                 ARES_OPT_SOCK_STATE_CB)
+                         : ready;
+  if (status == ARES_ENOMEM) throw std::bad_alloc();
+  if (status != ARES_SUCCESS) {
+    throw std::runtime_error(std::string("name servers: ") + ares_strerror(status));
+  }
+}
+
+NameServers::Channel::~Channel() { ares_destroy(Handle); }
+
+NameServers::NameServers()
+    : servers_(std::make_unique<Channel>(0)),
+      firstServer_(std::make_unique<Channel>(ARES_FLAG_NOCHECKRESP)) {}
+
+// The library tells each question that is out of its end, while there still are questions.
+NameServers::~NameServers() {
+  for (auto& [key, question] : questions_) question.IsOver = true;
+  servers_.reset();
+  firstServer_.reset();
+}
+
+void NameServers::Ask(std::uint64_t key, std::uint32_t address) {
+  waiting_.emplace_back(key, address);
+}
+
+void NameServers::Proceed(const std::vector<Watched>& ready, Clock::time_point now) {
+  for (Channel* const channel : {servers_.get(), firstServer_.get()}) {
+    for (const Watched& watched : ready) {
+      if (!watched.IsReady || channel->Sockets.count(watched.Descriptor) == 0) continue;
+      ares_process_fd(channel->Handle, watched.Reads ? watched.Descriptor : ARES_SOCKET_BAD,
+                      watched.Writes ? watched.Descriptor : ARES_SOCKET_BAD);
+    }
+    ares_process_fd(channel->Handle, ARES_SOCKET_BAD, ARES_SOCKET_BAD);  // what is due by time
+  }
+  EndLate(now);
+  AskNext(now);
+  if (error_) std::rethrow_exception(std::exchange(error_, {}));
+}
+
+void NameServers::AskNext(Clock::time_point now) {
+  while (!waiting_.empty() && outCount_ < MostQuestions) {
+    const auto [key, address] = waiting_.front();
+    waiting_.pop_front();
+    if (unansweredCount_ >= MostQuestions) {
+      results_.push_back({key, {}, Trouble::NoServerReply});
+      continue;
+    }
+    Question& question =
+        questions_.emplace(key, Question{this, key, ReverseName(address), now + LongestQuestion})
+            .first->second;
+    deadlines_.push_back(key);
+    ++outCount_;
+    Send(question, *servers_);
+  }
+}
+
+// The question can have its answer, and be gone, when this returns.
+void NameServers::Send(Question& question, Channel& channel) {
+  ares_query(channel.Handle, question.Name.c_str(), InternetClass, PointerType, Answered,
+             &question);
+}
+
+// Called by the library, once for each `Send`. Nothing may be thrown through it.
+void NameServers::Answered(void* question, int status, int /*timeouts*/, unsigned char* message,
+                           int size) {
+  Question& asked = *static_cast<Question*>(question);
+  NameServers& servers = *asked.Owner;
+  try {
+    const std::string_view bytes(reinterpret_cast<const char*>(message),
+                                 message == nullptr ? 0 : static_cast<std::size_t>(size));
+    servers.TakeAnswer(asked, status, std::string(bytes));
+  } catch (...) {
+    servers.error_ = std::current_exception();
+  }
+}
+
+void NameServers::TakeAnswer(Question& question, int status, const std::string& message) {
+  if (!question.IsOver && status == ARES_ECONNREFUSED && !question.IsSecondTime) {
+    // Older versions of the library say this, too, if the servers have refused or failed.
+    question.IsSecondTime = true;
+    Send(question, *firstServer_);
+    return;
+  }
+  std::optional<std::vector<std::string>> names;
+  switch (question.IsOver ? ARES_ECANCELLED : status) {
+    case ARES_SUCCESS:
+      names = PointerNamesIn(message, question.Name);
+      if (names) {
+        End(question, names->empty() ? std::nullopt : std::optional(Joined(*names)), {});
+      } else {
+        End(question, {}, Trouble::ServerFailed);
+      }
+      break;
+    case ARES_ENODATA:
+    case ARES_ENOTFOUND:
+      End(question, {}, {});
+      break;
+    case ARES_EREFUSED:
+      End(question, {}, Trouble::ServerRefused);
+      break;
+    case ARES_ECONNREFUSED:
+      End(question, {}, HasFreeDescriptor() ? Trouble::NoServerReply : Trouble::Lack);
+      break;
+    case ARES_ETIMEOUT:
+    case ARES_ECANCELLED:
+      End(question, {}, Trouble::NoServerReply);
+      break;
+    case ARES_ENOMEM:
+      End(question, {}, Trouble::Lack);
+      break;
+    default:
+      End(question, {}, Trouble::ServerFailed);
+      break;
+  }
+  questions_.erase(question.Key);
+}
+
+void NameServers::End(Question& question, std::optional<std::string> name,
+                      std::optional<Trouble> failure) {
+  if (question.IsOver) return;
+  question.IsOver = true;
+  --outCount_;
+  unansweredCount_ = failure == Trouble::NoServerReply ? unansweredCount_ + 1 : 0;
+  results_.push_back({question.Key, std::move(name), failure});
+}
+
+// Ends the questions whose time is over; the library gives them up later.
+void NameServers::EndLate(Clock::time_point now) {
+  while (!deadlines_.empty()) {
+    const auto found = questions_.find(deadlines_.front());
+    if (found != questions_.end() && found->second.Deadline > now) return;
+    if (found != questions_.end()) End(found->second, {}, Trouble::NoServerReply);
+    deadlines_.pop_front();
+  }
+}
+
+void NameServers::Watch(std::vector<Watched>& descriptors) const {
+  for (const Channel* const channel : {servers_.get(), firstServer_.get()}) {
+    for (const auto& [socket, interest] : channel->Sockets) {
+      descriptors.push_back({socket, interest.Reads, interest.Writes});
+    }
+  }
+}
+
+std::optional<Clock::time_point> NameServers::NextTime(Clock::time_point now) const {
+  std::optional<Clock::time_point> next;
+  if (outCount_ == 0) return next;
+  if (!deadlines_.empty()) {
+    const auto found = questions_.find(deadlines_.front());
+    next = found == questions_.end() ? now : found->second.Deadline;
+  }
+  for (const Channel* const channel : {servers_.get(), firstServer_.get()}) {
+    timeval rest{};
+    if (ares_timeout(channel->Handle, nullptr, &rest) == nullptr) continue;
+    const auto time =
+        now + std::chrono::seconds(rest.tv_sec) + std::chrono::microseconds(rest.tv_usec);
+    next = next ? std::min(*next, time) : time;
+  }
+  return next;
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,102 @@
+// Reverse lookups of many addresses at a time, by the name servers of /etc/resolv.conf.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <exception>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "network/engine/troubles.h"
+#include "platform/clock.h"
+#include "platform/poll.h"
+
+struct ares_channeldata;
+
+namespace hostsweep {
+
+// The result of one lookup: a name, or none, or why that is not known.
+struct NameResult {
+  std::uint64_t Key = 0;            // as given to `Ask`
+  std::optional<std::string> Name;  // several, in alphabetical order, are joined by spaces
+  std::optional<Trouble> Failure;
+};
+
+// Nothing here waits: `Watch` and `NextTime` say for what to wait, before the next `Proceed`.
+//
+// At most 64 questions are out at a time. One has six seconds, in which it is asked again and of
+// other servers. After 64 in a row without a reply from any server, no others are asked.
+class NameServers {
+ public:
+  // Throws `std::runtime_error` if the library cannot be made ready.
+  NameServers();
+  NameServers(const NameServers&) = delete;
+  NameServers& operator=(const NameServers&) = delete;
+  ~NameServers();
+
+  // Has the name of the address looked up, as soon as there is room.
+  void Ask(std::uint64_t key, std::uint32_t address);
+
+  // Does what can be done now, with those of the descriptors that are ready.
+  void Proceed(const std::vector<Watched>& ready, Clock::time_point now);
+
+  // The results that have come since the last call.
+  std::vector<NameResult> TakeResults() { return std::exchange(results_, {}); }
+
+  // Appends the descriptors to wait for.
+  void Watch(std::vector<Watched>& descriptors) const;
+
+  // The time at which `Proceed` has something to do even if nothing is ready; nothing if there is
+  // no such time.
+  [[nodiscard]] std::optional<Clock::time_point> NextTime(Clock::time_point now) const;
+
+ private:
+  struct Question {
+    NameServers* Owner;
+    std::uint64_t Key;
+    std::string Name;
+    Clock::time_point Deadline;
+    bool IsOver = false;        // it has a result
+    bool IsSecondTime = false;  // asked again to learn what the servers say
+  };
+  struct Interest {
+    bool Reads;
+    bool Writes;
+  };
+  // A library's channel to the servers, which tells what it waits for.
+  struct Channel {
+    explicit Channel(int flags);
+    Channel(const Channel&) = delete;
+    Channel& operator=(const Channel&) = delete;
+    ~Channel();
+    ares_channeldata* Handle = nullptr;
+    std::map<int, Interest> Sockets;
+  };
+
+  static void Answered(void* question, int status, int timeouts, unsigned char* message, int size);
+  void TakeAnswer(Question& question, int status, const std::string& message);
+  void Send(Question& question, Channel& channel);
+  void End(Question& question, std::optional<std::string> name, std::optional<Trouble> failure);
+  void AskNext(Clock::time_point now);
+  void EndLate(Clock::time_point now);
+
+  std::deque<std::pair<std::uint64_t, std::uint32_t>> waiting_;  // key and address
+  std::map<std::uint64_t, Question> questions_;  // those that the library has, by key
+  std::deque<std::uint64_t> deadlines_;          // their keys, in the order of their deadlines
+  std::size_t outCount_ = 0;                     // those without a result
+  std::size_t unansweredCount_ = 0;              // in a row
+  std::vector<NameResult> results_;
+  std::exception_ptr error_;  // what must not pass through the library
+  // Of several servers the next is asked when one refuses or fails, and what they said is not told.
+  std::unique_ptr<Channel> servers_;
+  // What the first one says is told.
+  std::unique_ptr<Channel> firstServer_;
+};
+
+}  // namespace hostsweep

@@ -1,0 +1,219 @@
+#include "network/engine/sweeper.h"
+
+#include <algorithm>
+
+#include "network/plan/address.h"
+
+namespace hostsweep {
+namespace {
+
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
+
+// At most 5,000 probes a second, since switches and wireless networks drop bursts of the broadcasts
+// that they cause. After a pause a few may follow each other at once.
+constexpr microseconds ProbeInterval(200);
+constexpr milliseconds LongestBurst(10);
+constexpr milliseconds BatchTime(5);
+
+// After this time the next try, where the kernel takes no probe now; and the last one.
+constexpr milliseconds RetryTime(20);
+constexpr std::chrono::minutes LongestWait(2);
+
+// The ARP cache is looked into at such intervals that this takes about a hundredth of the time.
+constexpr milliseconds ShortestLookInterval(20);
+constexpr milliseconds LongestLookInterval(100);
+constexpr int LookShare = 100;
+
+// A gateway beyond which a host has been heard so lately is there.
+constexpr std::chrono::seconds HeardTime(10);
+
+// Findings wait for those before them; a single address can take long.
+constexpr std::size_t MostTargets = 4096;
+
+}  // namespace
+
+Sweeper::Sweeper(const std::vector<Network>& networks, std::size_t jobs, NetworkStack& stack)
+    : jobs_(jobs), stack_(stack), walk_(networks) {}
+
+void Sweeper::Proceed(const std::vector<Watched>& ready, Clock::time_point now, bool mayBegin) {
+  for (const ProbeAnswer& answer : probes_.Receive()) TakeAnswer(answer, now);
+  if (nextLook_ && *nextLook_ <= now) Look(now);
+  while (mayBegin && CanBegin()) BeginAddress();
+  SendProbes(now);
+  names_.Proceed(ready, now);
+  for (NameResult& result : names_.TakeResults()) {
+    const Key key = result.Key;
+    At(key).TakeName(std::move(result));
+    Settle(key);
+  }
+}
+
+void Sweeper::Watch(std::vector<Watched>& descriptors) const {
+  for (const Descriptor& socket : probes_.Sockets()) {
+    descriptors.push_back({socket.Number(), true, false});
+  }
+  names_.Watch(descriptors);
+}
+
+std::optional<Clock::time_point> Sweeper::NextTime(Clock::time_point now, bool mayBegin) const {
+  // Findings that have been given out since `Proceed` can have made room.
+  if (mayBegin && CanBegin()) return now;
+  std::optional<Clock::time_point> next = names_.NextTime(now);
+  if (nextLook_) next = std::min(next.value_or(*nextLook_), *nextLook_);
+  if (!toProbe_.empty()) {
+    const Clock::time_point time = std::max(nextProbe_, now + BatchTime);
+    next = std::min(next.value_or(time), time);
+  }
+  return next;
+}
+
+std::optional<Finding> Sweeper::Next() {
+  while (!targets_.empty() && targets_.front().IsDone()) {
+    const Target target = std::move(targets_.front());
+    targets_.pop_front();
+    ++firstKey_;
+    if (!target.IsSkipped()) return target.Result();
+  }
+  return {};
+}
+
+// True if there is another address, and room for it.
+bool Sweeper::CanBegin() const {
+  return inWork_.size() < jobs_ && targets_.size() < MostTargets && !walk_.IsAtEnd();
+}
+
+void Sweeper::BeginAddress() {
+  const std::uint32_t address = *walk_.Next();
+  const Key key = firstKey_ + targets_.size();
+  const Route way = stack_.RouteTo(address);
+  Target& target = targets_.emplace_back(address, way, LinkOf(way.Device));
+  inWork_.emplace(address, key);
+  if (way.Leads == Route::Kind::Own) {
+    const DeviceAddress* const owner = FindOwner(stack_.Devices(), address);
+    if (owner != nullptr) target.SetHardwareAddress(owner->HardwareAddress);
+  }
+  if (target.WantsProbe()) toProbe_.push_back(key);
+  if (target.IsSkipped()) {
+    Settle(key);
+  } else {
+    names_.Ask(key, address);
+  }
+}
+
+void Sweeper::SendProbes(Clock::time_point now) {
+  nextProbe_ = std::max(nextProbe_, now - LongestBurst);
+  while (!toProbe_.empty() && nextProbe_ <= now) {
+    const Key key = toProbe_.front();
+    if (!SendProbe(key, now)) {
+      nextProbe_ = now + RetryTime;
+      return;
+    }
+    toProbe_.pop_front();
+    nextProbe_ += ProbeInterval;
+  }
+}
+
+// Returns false if the probe is to be sent later.
+bool Sweeper::SendProbe(Key key, Clock::time_point now) {
+  SearchEvent event;
+  switch (probes_.Send(At(key).Address())) {
+    case SendResult::Sent:
+      event.What = SearchEvent::Kind::Sent;
+      break;
+    case SendResult::Forbidden:
+      event = {SearchEvent::Kind::Failed, nullptr, Doubt::Forbidden, {}};
+      break;
+    case SendResult::Unreachable:
+      event = {SearchEvent::Kind::Failed, nullptr, Doubt::Unreachable, {}};
+      break;
+    default:
+      if (!fullSince_) fullSince_ = now;
+      if (now - *fullSince_ < LongestWait) return false;
+      event = {SearchEvent::Kind::Failed, nullptr, Doubt::TableFull, {}};
+      break;
+  }
+  if (event.What == SearchEvent::Kind::Sent) {
+    fullSince_.reset();
+    if (!nextLook_) nextLook_ = now + ShortestLookInterval;
+  }
+  HandleFor(key, event, now);
+  return true;
+}
+
+void Sweeper::TakeAnswer(const ProbeAnswer& answer, Clock::time_point now) {
+  const auto found = inWork_.find(answer.Target);
+  if (found == inWork_.end()) return;
+  const Target& target = At(found->second);
+  if (answer.Sender == answer.Target) {
+    const bool isBeyond = target.Way().Leads == Route::Kind::Beyond;
+    if (isBeyond) heardBeyond_[{target.Way().Device, target.Way().Gateway}] = now;
+    HandleFor(found->second, {SearchEvent::Kind::Answered, nullptr, {}, {}}, now);
+  } else if (IsOwn(answer.Sender) && target.Way().Leads == Route::Kind::Beyond) {
+    HandleFor(found->second, {SearchEvent::Kind::Failed, nullptr, Doubt::GatewaySilent, {}}, now);
+  }
+}
+
+bool Sweeper::IsOwn(std::uint32_t address) const {
+  constexpr std::uint32_t Loopback = 127;
+  return address >> 24U == Loopback ||
+         std::any_of(stack_.Devices().begin(), stack_.Devices().end(),
+                     [&](const DeviceAddress& device) { return device.Address == address; });
+}
+
+void Sweeper::Look(Clock::time_point now) {
+  const NeighbourTable table = stack_.Neighbours(now);
+  links_.clear();
+  nextLook_.reset();
+  bool isNeeded = false;
+  for (std::size_t i = 0; i < targets_.size(); ++i) {
+    if (targets_[i].WantsLook()) LookFor(firstKey_ + i, table, now);
+    isNeeded = isNeeded || targets_[i].WantsLook();
+  }
+  if (!isNeeded) return;
+  const auto time = std::chrono::duration_cast<milliseconds>((Clock::now() - now) * LookShare);
+  nextLook_ = now + std::clamp(time, ShortestLookInterval, LongestLookInterval);
+}
+
+void Sweeper::LookFor(Key key, const NeighbourTable& table, Clock::time_point now) {
+  const Target& target = At(key);
+  const Route& way = target.Way();
+  const Neighbour* entry = nullptr;
+  if (way.Leads == Route::Kind::Direct) {
+    entry = table.Find(way.Device, target.Address());
+  } else if (way.Gateway != 0) {
+    const auto heard = heardBeyond_.find({way.Device, way.Gateway});
+    const bool isThere = heard != heardBeyond_.end() && now - heard->second < HeardTime;
+    if (!isThere) entry = table.Find(way.Device, way.Gateway);
+  }
+  HandleFor(key, {SearchEvent::Kind::Seen, entry, {}, {}}, now);
+}
+
+void Sweeper::HandleFor(Key key, const SearchEvent& event, Clock::time_point now) {
+  Target& target = At(key);
+  const bool wantedProbe = target.WantsProbe();
+  target.Handle(event, now);
+  if (target.NeedsConfirmation()) {
+    const Route way = stack_.RouteTo(target.Address());
+    target.Confirm(way, LinkOf(way.Device), now);
+  }
+  if (target.WantsProbe() && !wantedProbe) toProbe_.push_front(key);
+  Settle(key);
+}
+
+// Counts the address if its sweep has ended.
+void Sweeper::Settle(Key key) {
+  const Target& target = At(key);
+  if (!target.IsDone() || inWork_.erase(target.Address()) == 0) return;
+  ++doneCount_;
+  const TroubleSet troubles = target.Troubles();
+  if (!troubles.IsEmpty()) troubles_.Add(troubles, target.Address(), target.WayInWords());
+}
+
+const LinkState& Sweeper::LinkOf(int device) {
+  const auto known = links_.find(device);
+  if (known != links_.end()) return known->second;
+  return links_[device] = stack_.LinkOf(device);
+}
+
+}  // namespace hostsweep

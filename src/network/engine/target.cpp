@@ -1,0 +1,134 @@
+#include "network/engine/target.h"
+
+#include <utility>
+
+#include "network/plan/address.h"
+#include "platform/hardware_bytes.h"
+#include "platform/text/text.h"
+#include "sweep/hardware_address.h"
+
+namespace hostsweep {
+namespace {
+
+Hearing HearingOf(const Route& way) {
+  return way.Leads == Route::Kind::Direct ? Hearing::Arp : Hearing::Answer;
+}
+
+bool LeadsToHosts(const Route& way) {
+  return way.Leads == Route::Kind::Direct || way.Leads == Route::Kind::Beyond;
+}
+
+// Without ARP nothing is asked, and a missing link is one more reason for silence.
+bool IsDown(const Route& way, const LinkState& link) {
+  return way.Leads == Route::Kind::Direct && !link.IsUp;
+}
+
+Trouble TroubleOf(Doubt doubt) {
+  switch (doubt) {
+    case Doubt::NotAsked:
+      return Trouble::NotAsked;
+    case Doubt::TooLong:
+      return Trouble::TooLong;
+    case Doubt::GatewaySilent:
+      return Trouble::GatewaySilent;
+    case Doubt::Forbidden:
+      return Trouble::Forbidden;
+    case Doubt::TableFull:
+      return Trouble::TableFull;
+    default:
+      return Trouble::Changed;
+  }
+}
+
+// As hostsweep prints it: six groups in its own form, others as arp(8) does.
+std::string FormatHardwareAddress(const std::string& bytes) {
+  constexpr std::size_t UsualSize = 6;
+  const std::string groups = FormatHardwareBytes(bytes);
+  return bytes.size() == UsualSize ? NormaliseHardwareAddress(groups).Bytes() : groups;
+}
+
+}  // namespace
+
+Target::Target(std::uint32_t address, const Route& way, const LinkState& link)
+    : address_(address), way_(way), changes_(link.Changes), search_(HearingOf(way)) {
+  const bool isDown = IsDown(way, link);
+  isSkipped_ = isDown || way.Leads == Route::Kind::None;
+  if (isSkipped_) troubles_.Add(isDown ? Trouble::LinkDown : Trouble::NoRoute);
+}
+
+bool Target::WantsProbe() const {
+  return !isSkipped_ && LeadsToHosts(way_) && search_.Current() == HostSearch::State::ToProbe;
+}
+
+bool Target::WantsLook() const {
+  return !isSkipped_ && LeadsToHosts(way_) && !WantsProbe() && !search_.IsDone();
+}
+
+bool Target::IsSearched() const {
+  return !LeadsToHosts(way_) || (search_.IsDone() && !NeedsConfirmation());
+}
+
+void Target::Handle(const SearchEvent& event, Clock::time_point now) {
+  search_.Handle(event, now);
+  const bool isOfHost = event.Entry != nullptr && way_.Leads == Route::Kind::Direct;
+  if (isOfHost && search_.IsDone()) hardwareAddress_ = event.Entry->HardwareAddress;
+}
+
+// What has been heard stays true; only silence can have another reason.
+bool Target::NeedsConfirmation() const {
+  return LeadsToHosts(way_) && search_.IsDone() && !isConfirmed_ &&
+         search_.Current() != HostSearch::State::Up;
+}
+
+void Target::Confirm(const Route& way, const LinkState& link, Clock::time_point now) {
+  const bool isLost = !LeadsToHosts(way) || IsDown(way, link);
+  if (way == way_ && link.Changes == changes_ && !isLost) {
+    isConfirmed_ = true;
+    return;
+  }
+  if (isLost) search_.Handle({SearchEvent::Kind::Changed, nullptr, {}, HearingOf(way)}, now);
+  search_.Handle({SearchEvent::Kind::Changed, nullptr, {}, HearingOf(way)}, now);
+  isConfirmed_ = search_.IsDone();
+  hardwareAddress_.clear();
+  if (isLost) return;
+  way_ = way;
+  changes_ = link.Changes;
+}
+
+// A name that is the address itself counts as none, as in hostsweep.
+void Target::TakeName(NameResult result) {
+  isNamed_ = true;
+  if (result.Failure) troubles_.Add(*result.Failure);
+  const bool isAddress = result.Name && Text(*result.Name) == FormatAddress(address_);
+  if (!isAddress) name_ = std::move(result.Name);
+}
+
+Finding Target::Result() const {
+  Finding finding;
+  finding.Address = address_;
+  finding.Name = name_;
+  finding.HardwareAddress = FormatHardwareAddress(hardwareAddress_);
+  finding.IsComplete = Troubles().IsEmpty();
+  finding.IsReserved = way_.Leads == Route::Kind::Reserved;
+  const HostSearch::State state = search_.Current();
+  if (way_.Leads == Route::Kind::Own || state == HostSearch::State::Up) {
+    finding.Host = Presence::Up;
+  } else if (finding.IsReserved || state == HostSearch::State::Absent) {
+    finding.Host = Presence::Absent;
+  }
+  return finding;
+}
+
+TroubleSet Target::Troubles() const {
+  TroubleSet troubles = troubles_;
+  const bool isInDoubt = search_.Current() == HostSearch::State::Unknown;
+  if (isInDoubt && search_.Reason() != Doubt::None) troubles.Add(TroubleOf(search_.Reason()));
+  return troubles;
+}
+
+std::string Target::WayInWords() const {
+  if (way_.Gateway != 0) return "the gateway " + FormatAddress(way_.Gateway);
+  return NetworkStack::NameOf(way_.Device);
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,37 @@
+// The networks to sweep, and the arguments that name them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace hostsweep {
+
+// Addresses that follow each other, from `First` to `Last`, both included.
+struct Network {
+  std::string Name;  // as the user wrote it; of a network of this machine, like 10.50.0.0/22
+  std::uint32_t First = 0;
+  std::uint32_t Last = 0;
+};
+
+// The network that the argument names, in one of the forms
+//   192.168.1                     hosts 1 to 254
+//   192.168.1.0/24                a prefix length from 16 to 32; host bits make no difference
+//   192.168.1.7                   one address
+//   192.168.1.20-192.168.1.90     a range of at most 65,536 addresses
+// Throws `UsageError` for any other argument.
+Network ParseNetwork(const std::string& argument);
+
+// The network in which the address lies, named like 10.50.0.0/22. Its first address, that of the
+// network, and its last, for broadcasts, are left out up to a prefix length of 30: longer ones
+// have neither (RFC 3021). `prefixLength` is from 0 to 32.
+Network NetworkOf(std::uint32_t address, std::uint32_t prefixLength);
+
+// The same addresses, each only at its first place. A network of which a part is left out can
+// become several, of the same name.
+std::vector<Network> WithoutRepeats(const std::vector<Network>& networks);
+
+// How many addresses it has.
+std::uint64_t CountAddresses(const Network& network);
+
+}  // namespace hostsweep

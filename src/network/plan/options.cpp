@@ -1,0 +1,189 @@
+#include "network/plan/options.h"
+
+#include <getopt.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "network/plan/decimal.h"
+#include "network/plan/usage_error.h"
+
+namespace hostsweep {
+namespace {
+
+constexpr int NoOption = 1;        // an argument that is none
+constexpr int FreeOption = 0x100;  // has no letter
+
+// In this order, and with a last element of zeros, as getopt_long(3) wants them.
+constexpr std::array<option, 8> LongOptions = {{{"up", no_argument, nullptr, 'u'},
+                                                {"free", no_argument, nullptr, FreeOption},
+                                                {"format", required_argument, nullptr, 'f'},
+                                                {"jobs", required_argument, nullptr, 'j'},
+                                                {"local", no_argument, nullptr, 'l'},
+                                                {"help", no_argument, nullptr, 'h'},
+                                                {"version", no_argument, nullptr, 'V'},
+                                                {nullptr, 0, nullptr, 0}}};
+
+// "-": arguments that are no options are returned where they stand. ":": nothing is printed.
+constexpr const char* ShortOptions = "-:uf:j:lhV";
+
+// How many long options the name can mean: one if it is the whole name of one.
+int CountMeanings(std::string_view name) {
+  int count = 0;
+  for (const option& known : LongOptions) {
+    if (known.name == nullptr) break;
+    const std::string_view whole = known.name;
+    if (whole == name) return 1;
+    if (whole.substr(0, name.size()) == name) ++count;
+  }
+  return count;
+}
+
+// The error in a long option that getopt_long(3) has refused.
+UsageError LongOptionError(const std::string& argument) {
+  const std::size_t equals = argument.find('=');
+  const std::string option = argument.substr(0, equals);
+  const int meanings = CountMeanings(std::string_view(option).substr(2));
+  if (meanings == 0) return {option, "no such option"};
+  if (meanings > 1) return {option, "short for more than one option"};
+  return {option,
+          equals == std::string::npos ? "the option needs a value" : "the option takes no value"};
+}
+
+// The error in an argument of option letters of which getopt_long(3) has refused one.
+UsageError ShortOptionError(const std::string& argument, int letter) {
+  const bool isAscii = letter > ' ' && letter <= '~';
+  const std::string option = isAscii ? std::string("-") + static_cast<char>(letter) : argument;
+  return {option, letter == 'f' || letter == 'j' ? "the option needs a value" : "no such option"};
+}
+
+Format ReadFormat(const std::string& value) {
+  const std::optional<Format> format = ParseFormat(value);
+  if (format) return *format;
+  throw UsageError(value, "the format must be lines, table, csv, json or map");
+}
+
+std::uint32_t ReadJobs(const std::string& value) {
+  const std::optional<std::uint32_t> jobs = ParseDecimal(value, MaximalJobs);
+  if (jobs && *jobs > 0) return *jobs;
+  throw UsageError(value, "the number of jobs must be from 1 to 1024");
+}
+
+void Select(Selection selection, Options& options) {
+  if (options.Reported != Selection::All && options.Reported != selection) {
+    throw UsageError("--up and --free cannot be combined");
+  }
+  options.Reported = selection;
+}
+
+// Takes one option, or an argument that is none, into the options.
+void Take(int option, Options& options, std::vector<std::string>& networks) {
+  switch (option) {
+    case NoOption:
+      networks.emplace_back(optarg);
+      return;
+    case 'u':
+      Select(Selection::Up, options);
+      return;
+    case FreeOption:
+      Select(Selection::Free, options);
+      return;
+    case 'f':
+      options.ReportFormat = ReadFormat(optarg);
+      return;
+    case 'j':
+      options.Jobs = ReadJobs(optarg);
+      return;
+    case 'l':
+      options.IsLocal = true;
+      return;
+    case 'h':
+      options.Wanted = Task::PrintHelp;
+      return;
+    default:
+      options.Wanted = Task::PrintVersion;
+      return;
+  }
+}
+
+void ReadNetworks(const std::vector<std::string>& networks, Options& options) {
+  for (const std::string& network : networks) options.Networks.push_back(ParseNetwork(network));
+  if (options.IsLocal && !networks.empty()) {
+    throw UsageError(networks.front(), "a network cannot be combined with --local");
+  }
+  if (!options.IsLocal && networks.empty()) throw UsageError("a network or --local is missing");
+}
+
+}  // namespace
+
+Options ReadOptions(int argumentCount, char** arguments) {
+  Options options;
+  std::vector<std::string> networks;
+  opterr = 0;
+  optind = 0;  // begin anew, also within an argument that an earlier call has left halfway
+  while (options.Wanted == Task::Sweep) {
+    const int current = std::max(optind, 1);
+    const int option =
+        getopt_long(argumentCount, arguments, ShortOptions, LongOptions.data(), nullptr);
+    if (option == -1) break;
+    if (option == '?' || option == ':') {
+      const std::string argument = arguments[current];
+      throw argument.compare(0, 2, "--") == 0 ? LongOptionError(argument)
+                                              : ShortOptionError(argument, optopt);
+    }
+    Take(option, options, networks);
+  }
+  if (options.Wanted != Task::Sweep) return options;
+  networks.insert(networks.end(), arguments + std::min(optind, argumentCount),
+                  arguments + argumentCount);
+  ReadNetworks(networks, options);
+  return options;
+}
+
+std::string UsageLine() {
+  return "usage: hostsweep-network [--up | --free] [--format FORMAT] [--jobs COUNT] "
+         "{NETWORK... | --local}";
+}
+
+std::string HelpText() {
+  return UsageLine() + R"(
+
+Sweeps IPv4 networks for the names, hardware addresses and makers of their
+hosts. Needs no privileges.
+
+NETWORK is one of:
+  192.168.1                  its hosts 1 to 254
+  10.50.1.9/22               the network that this address is in; 16 to 32 bits
+  192.168.1.7                one address
+  192.168.1.20-192.168.1.90  a range of at most 65536 addresses
+
+  -l, --local          sweep the networks that this machine is on, but for those
+                       larger than a /20
+  -u, --up             report only addresses at which a host was heard, by ARP or
+                       by an answer
+      --free           report only addresses with neither a host nor a name, at
+                       the end and only if the sweep is complete
+  -f, --format FORMAT  a format below; default: table on a terminal, else lines
+  -j, --jobs COUNT     sweep at most COUNT addresses at a time, 1 to )" +
+         std::to_string(MaximalJobs) + R"(;
+                       default: )" +
+         std::to_string(DefaultJobs) + R"(
+  -h, --help           print this help
+  -V, --version        print the version
+
+FORMAT is one of:
+  lines  address=name=hardware address, a line for each address
+  table  columns, with the maker, of addresses with a name or a hardware address
+  csv    the same columns for every address, as comma-separated values, and
+         whether a host is up
+  json   an object for each address on a line of its own
+  map    a character for each address: "#" up, "+" a name only, "." free,
+         "-" reserved, "?" not known
+
+Exit status: 0 if every address was swept and every look-up had an answer; 1 if
+not, for reasons that standard error says; 2 if the arguments cannot be used.
+)";
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,182 @@
+#include "network/plan/plan.h"
+
+#include <algorithm>
+#include <map>
+
+namespace hostsweep {
+namespace {
+
+bool IsNamed(const std::vector<Network>& networks, const std::string& name) {
+  return std::any_of(networks.begin(), networks.end(),
+                     [&](const Network& network) { return network.Name == name; });
+}
+
+void AddOnce(std::vector<Network>& networks, const Network& network) {
+  if (!IsNamed(networks, network.Name)) networks.push_back(network);
+}
+
+std::string NamesOf(const std::vector<Network>& networks) {
+  const std::string& first = networks.front().Name;
+  const std::size_t others = networks.size() - 1;
+  if (others == 0) return first;
+  return first + " and " + std::to_string(others) + " other" + (others > 1 ? "s" : "");
+}
+
+// The networks of a sweep by what prevents or limits it.
+struct Reach {
+  std::vector<Network> Reachable;
+  std::vector<Network>
+      Beyond;  // of the reachable ones those that devices are not on, or not wholly
+  std::vector<Network> Unreachable;
+  std::vector<Network> Down;
+  std::string DeviceThatIsDown;  // of the first of those
+};
+
+// The ways to the addresses of one network.
+struct Ways {
+  bool LeadToHosts = false;    // one or more can be those of hosts that can be reached
+  bool LeadBeyond = false;     // one or more of these are not in the networks of this machine
+  bool LeadElsewhere = false;  // one or more are this machine's own, or reserved
+  int DeviceDown = 0;          // a device without a link to which one or more lead; 0 for none
+};
+
+class ReachFinder {
+ public:
+  explicit ReachFinder(NetworkStack& stack) : stack_(stack) {}
+
+  Reach Find(const std::vector<Network>& networks) {
+    for (const Network& network : networks) Add(network);
+    return reach_;
+  }
+
+ private:
+  void Add(const Network& network) {
+    const Ways ways = WaysTo(network);
+    std::string down;
+    if (!ways.LeadToHosts && ways.DeviceDown != 0) down = NetworkStack::NameOf(ways.DeviceDown);
+    if (!ways.LeadToHosts || ways.LeadBeyond) down = down.empty() ? DeviceOff(network) : down;
+    if (!down.empty()) {
+      if (reach_.Down.empty()) reach_.DeviceThatIsDown = down;
+      AddOnce(reach_.Down, network);
+    } else if (!ways.LeadToHosts && !ways.LeadElsewhere) {
+      AddOnce(reach_.Unreachable, network);
+    } else {
+      reach_.Reachable.push_back(network);
+      if (ways.LeadBeyond) AddOnce(reach_.Beyond, network);
+    }
+  }
+
+  // All addresses are asked for, since a part of a network can lead elsewhere.
+  Ways WaysTo(const Network& network) {
+    Ways ways;
+    for (std::uint64_t address = network.First; address <= network.Last; ++address) {
+      const Route route = stack_.RouteTo(static_cast<std::uint32_t>(address));
+      const bool isDirect = route.Leads == Route::Kind::Direct;
+      if (route.Leads == Route::Kind::None) continue;
+      if (isDirect && !IsUp(route.Device)) {
+        ways.DeviceDown = route.Device;
+      } else if (isDirect || route.Leads == Route::Kind::Beyond) {
+        ways.LeadToHosts = true;
+        ways.LeadBeyond =
+            ways.LeadBeyond || (!isDirect && !IsLocal(static_cast<std::uint32_t>(address)));
+      } else {
+        ways.LeadElsewhere = true;
+      }
+      if (ways.LeadBeyond) break;
+    }
+    return ways;
+  }
+
+  [[nodiscard]] bool IsLocal(std::uint32_t address) const {
+    return std::any_of(stack_.Devices().begin(), stack_.Devices().end(), [&](const auto& device) {
+      return device.UsesArp && device.IsUp && IsInNetwork(device, address);
+    });
+  }
+
+  bool IsUp(int device) {
+    const auto known = isUp_.find(device);
+    if (known != isUp_.end()) return known->second;
+    return isUp_[device] = stack_.LinkOf(device).IsUp;
+  }
+
+  // A device that is down and that has the whole network, while no device that is up has it. Its
+  // routes are gone, so another can lead elsewhere.
+  [[nodiscard]] std::string DeviceOff(const Network& network) const {
+    std::string name;
+    for (const DeviceAddress& device : stack_.Devices()) {
+      const bool isWhole = IsInNetwork(device, network.First) && IsInNetwork(device, network.Last);
+      if (!device.UsesArp || !isWhole) continue;
+      if (device.IsUp) return {};
+      if (name.empty()) name = device.Device;
+    }
+    return name;
+  }
+
+  NetworkStack& stack_;
+  Reach reach_;
+  std::map<int, bool> isUp_;
+};
+
+// The networks that the options name.
+std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stack, Plan& plan) {
+  if (!options.IsLocal) return options.Networks;
+  std::vector<Network> leftOut;
+  std::vector<Network> networks = LocalNetworks(stack.Devices(), leftOut);
+  if (!leftOut.empty()) {
+    plan.Notes.push_back(
+        NamesOf(leftOut) +
+        ": left out, as larger than a /20; give it, or a part of at most a /16, as an argument");
+  }
+  if (networks.empty()) {
+    plan.Notes.emplace_back("no device of this machine is on a network to sweep");
+  }
+  return networks;
+}
+
+void NoteBeyond(const Options& options, const std::vector<Network>& beyond, Plan& plan) {
+  plan.IsRefused = options.Reported == Selection::Free;
+  std::string note = "no device of this machine is on all of " + NamesOf(beyond) + ": ";
+  if (plan.IsRefused) {
+    note +=
+        "silent hosts beyond its own networks cannot be seen from here, so --free cannot tell; "
+        "use a machine there";
+  } else if (options.Reported == Selection::Up) {
+    note += "beyond its own networks only hosts that answer are seen, and silent ones are not";
+  } else {
+    note += "beyond its own networks only hosts that answer are seen, without hardware addresses";
+  }
+  plan.Notes.push_back(note);
+}
+
+}  // namespace
+
+std::vector<Network> LocalNetworks(const std::vector<DeviceAddress>& devices,
+                                   std::vector<Network>& leftOut) {
+  constexpr std::uint32_t ShortestLocalPrefix = 20;
+  std::vector<Network> networks;
+  for (const DeviceAddress& device : devices) {
+    if (!device.IsUp || !device.UsesArp) continue;
+    AddOnce(device.PrefixLength < ShortestLocalPrefix ? leftOut : networks,
+            NetworkOf(device.Network, device.PrefixLength));
+  }
+  return networks;
+}
+
+Plan MakePlan(const Options& options, NetworkStack& stack) {
+  Plan plan;
+  const Reach reach = ReachFinder(stack).Find(WithoutRepeats(NetworksOf(options, stack, plan)));
+  if (!reach.Down.empty()) {
+    plan.Notes.push_back(reach.DeviceThatIsDown + " is down: " + NamesOf(reach.Down) +
+                         " cannot be swept; set the device up or connect its cable");
+  }
+  if (!reach.Unreachable.empty()) {
+    plan.Notes.push_back("there is no route to " + NamesOf(reach.Unreachable) +
+                         ", which cannot be swept; check the network devices and routes");
+  }
+  plan.LeavesOut = !reach.Down.empty() || !reach.Unreachable.empty();
+  plan.Networks = reach.Reachable;
+  if (!reach.Beyond.empty()) NoteBeyond(options, reach.Beyond, plan);
+  return plan;
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,29 @@
+// The plan of a sweep: which networks can be swept from this machine.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "network/plan/network.h"
+#include "network/plan/options.h"
+#include "platform/network_stack.h"
+
+namespace hostsweep {
+
+struct Plan {
+  std::vector<Network> Networks;   // those to sweep, in which no address comes twice
+  bool LeavesOut = false;          // a network that was asked for is not swept
+  bool IsRefused = false;          // the options ask for something that cannot be seen from here
+  std::vector<std::string> Notes;  // sentences for the user, to be said before the sweep
+};
+
+// The plan for these options on this machine. Sends nothing. Throws `std::system_error` if the
+// system does not tell what is needed.
+Plan MakePlan(const Options& options, NetworkStack& stack);
+
+// The networks of the devices that are up and use ARP, each once, in the order of the devices.
+// `leftOut` gets those that are larger than a /20, which would take long.
+std::vector<Network> LocalNetworks(const std::vector<DeviceAddress>& devices,
+                                   std::vector<Network>& leftOut);
+
+}  // namespace hostsweep

@@ -1,0 +1,50 @@
+// The output formats, each of which turns findings into text piece by piece.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "network/engine/finding.h"
+#include "network/plan/report_choices.h"
+#include "network/report/makers.h"
+
+namespace hostsweep {
+
+// The choices that a report is made by, besides its format.
+struct Layout {
+  Selection Reported = Selection::All;
+  bool IsForTerminal = false;   // lines and csv too are without bytes that could steer a terminal
+  std::uint32_t MapWidth = 32;  // addresses in a row of a map, more than 0
+};
+
+// The text of a report is that of `Begin`, of each finding in order, and of `End`. Each of these
+// pieces consists of whole lines, or is empty.
+class Formatter {
+ public:
+  Formatter() = default;
+  Formatter(const Formatter&) = delete;
+  Formatter& operator=(const Formatter&) = delete;
+  virtual ~Formatter() = default;
+
+  virtual std::string Begin() { return {}; }
+  virtual std::string Add(const Finding& finding) = 0;
+  virtual std::string End() { return {}; }
+};
+
+//   lines  the report line of hostsweep
+//   table  columns under a header, for the eye: only addresses with a host, a name or a hardware
+//          address, or in a report of the free addresses those
+//   csv    records with a header (RFC 4180); a field that a spreadsheet would take for a formula
+//          begins with "'"
+//   json   an object for each address on a line of its own (RFC 8259), always in UTF-8
+//   map    a character for each address: "#" with a host that is up, "+" with a name only, "."
+//          free, "-" reserved, "?" not known, " " not in the report. A row is given when it is
+//          complete. It ends before a multiple of the width and wherever the next address is not
+//          the one that follows.
+//
+// A record or an object has the address, the name, the hardware address, its maker, and whether a
+// host is up; what is not known is empty or null. `makers` must outlive the formatter.
+std::unique_ptr<Formatter> MakeFormatter(Format format, const Layout& layout, Makers& makers);
+
+}  // namespace hostsweep

@@ -1,0 +1,56 @@
+// The format "map": a character for each address, in rows that begin with the address of their
+// first one.
+#include "network/plan/address.h"
+#include "network/report/formatters.h"
+
+namespace hostsweep {
+namespace {
+
+char Mark(const Finding& finding, Selection selection) {
+  if (!IsSelected(finding, selection)) return ' ';
+  if (finding.Host == Presence::Up) return '#';
+  if (finding.Name) return '+';
+  if (IsFree(finding)) return '.';
+  return finding.IsReserved && finding.IsComplete ? '-' : '?';
+}
+
+class MapFormatter : public Formatter {
+ public:
+  explicit MapFormatter(const Layout& layout) : layout_(layout) {}
+
+  std::string Add(const Finding& finding) override {
+    std::string rows;
+    if (finding.Address != next_) rows += End();
+    if (row_.empty()) Label(finding.Address);
+    row_ += Mark(finding, layout_.Reported);
+    next_ = finding.Address + 1;
+    if (next_ % layout_.MapWidth == 0) rows += End();
+    return rows;
+  }
+
+  std::string End() override {
+    std::string row;
+    row.swap(row_);
+    return row.empty() ? row : row + '\n';
+  }
+
+ private:
+  // Begins a row, in which the column of an address is its remainder by the width.
+  void Label(std::uint32_t address) {
+    constexpr std::size_t LabelWidth = 16;
+    row_ = FormatAddress(address);
+    row_.resize(LabelWidth + address % layout_.MapWidth, ' ');
+  }
+
+  Layout layout_;
+  std::string row_;         // the row so far; empty between rows
+  std::uint32_t next_ = 0;  // the address that would follow in it
+};
+
+}  // namespace
+
+std::unique_ptr<Formatter> MakeMapFormatter(const Layout& layout) {
+  return std::make_unique<MapFormatter>(layout);
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,68 @@
+#include "network/report/report_writer.h"
+
+#include <array>
+#include <cstdio>
+
+namespace hostsweep {
+
+ReportWriter::ReportWriter(const std::vector<Network>& networks, Format format,
+                           const Layout& layout)
+    : networks_(networks),
+      isOfFree_(layout.Reported == Selection::Free),
+      formatter_(MakeFormatter(format, layout, makers_)) {
+  if (!isOfFree_) pending_.Add(formatter_->Begin());
+}
+
+void ReportWriter::Add(const Finding& finding) {
+  ++count_;
+  const bool isUp = finding.Host == Presence::Up;
+  if (isUp) ++upCount_;
+  if (!isUp && finding.Name) ++namedCount_;
+  if (!isOfFree_) {
+    pending_.Add(formatter_->Add(finding));
+  } else if (IsFree(finding)) {
+    free_.push_back(finding.Address);
+  }
+}
+
+void ReportWriter::End(bool isComplete) {
+  if (!isOfFree_) {
+    pending_.Add(formatter_->End());
+  } else if (isComplete) {
+    pending_.Add(formatter_->Begin());
+    toAdd_.emplace(networks_);
+  }
+}
+
+std::string ReportWriter::Summary(std::chrono::milliseconds time) const {
+  std::array<char, 32> seconds{};
+  std::snprintf(seconds.data(), seconds.size(), "%.1f", static_cast<double>(time.count()) / 1000.0);
+  return std::to_string(count_) + (count_ == 1 ? " address: " : " addresses: ") +
+         std::to_string(upCount_) + " up, " + std::to_string(namedCount_) + " more with a name, " +
+         seconds.data() + " s";
+}
+
+bool ReportWriter::AddFree() {
+  constexpr std::size_t PartSize = 1U << 16U;
+  while (toAdd_ && pending_.Size() < PartSize) AddNext();
+  return pending_.Size() > 0;
+}
+
+// The other addresses are given to the formatter as ones that are not free: a map needs them.
+void ReportWriter::AddNext() {
+  const std::optional<std::uint32_t> address = toAdd_->Next();
+  if (!address) {
+    pending_.Add(formatter_->End());
+    toAdd_.reset();
+    return;
+  }
+  Finding finding;
+  finding.Address = *address;
+  if (freeCount_ < free_.size() && free_[freeCount_] == *address) {
+    ++freeCount_;
+    finding.Host = Presence::Absent;
+  }
+  pending_.Add(formatter_->Add(finding));
+}
+
+}  // namespace hostsweep

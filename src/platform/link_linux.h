@@ -1,0 +1,32 @@
+// Linux: the kernel's message on a device and its link.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace hostsweep {
+
+struct Link {
+  int Index = 0;
+  std::string Name;
+  unsigned int Flags = 0;            // netdevice(7)
+  std::string HardwareAddress;       // bytes
+  std::uint32_t CarrierChanges = 0;  // how often the link has come and gone
+};
+
+// The body of a request for the device of this number; 0 in a request for all.
+std::string LinkRequest(int index);
+
+// The device that the body of an RTM_NEWLINK message tells; nothing if it tells none.
+std::optional<Link> ParseLink(std::string_view body);
+
+// True if the device is set up and has a link.
+bool IsUp(const Link& link);
+
+// True if the kernel asks for hardware addresses on it: a tunnel has none, even where the flags say
+// that it uses ARP.
+bool UsesArp(const Link& link);
+
+}  // namespace hostsweep

@@ -1,0 +1,16 @@
+// Linux: the kernel's message on an entry of its ARP cache.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "platform/neighbour.h"
+
+namespace hostsweep {
+
+// The entry that the body of an RTM_NEWNEIGH message tells, which was received at that time;
+// nothing if it tells no IPv4 entry. `Requests` counts from `ucast_solicit` of arp(7), 3 by
+// default.
+std::optional<Neighbour> ParseNeighbour(std::string_view body, Clock::time_point now);
+
+}  // namespace hostsweep

@@ -1,0 +1,79 @@
+// Linux: ip(7), "Error queue", and icmp(7).
+#include <arpa/inet.h>
+#include <linux/errqueue.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "platform/probe_errors.h"
+#include "platform/system_call.h"
+
+namespace hostsweep {
+namespace {
+
+std::uint32_t AddressOf(const void* socketAddress) {
+  sockaddr_in address{};
+  std::memcpy(&address, socketAddress, sizeof address);
+  return ntohl(address.sin_addr.s_addr);
+}
+
+// The sender of the ICMP error that the control message tells; this machine for an error that is
+// not from the network.
+std::uint32_t SenderIn(cmsghdr* control) {
+  sock_extended_err error{};
+  std::memcpy(&error, CMSG_DATA(control), sizeof error);
+  if (error.ee_origin != SO_EE_ORIGIN_ICMP) return INADDR_LOOPBACK;
+  return AddressOf(CMSG_DATA(control) + sizeof error);
+}
+
+}  // namespace
+
+void KeepErrors(int socket) {
+  const int enabled = 1;
+  setsockopt(socket, IPPROTO_IP, IP_RECVERR, &enabled, sizeof enabled);
+}
+
+std::optional<ProbeAnswer> ReadError(int socket) {
+  sockaddr_in target{};
+  std::array<char, 64> data{};
+  alignas(cmsghdr) std::array<char, 512> control{};
+  iovec part = {data.data(), data.size()};
+  msghdr message{};
+  message.msg_name = &target;
+  message.msg_namelen = sizeof target;
+  message.msg_iov = &part;
+  message.msg_iovlen = 1;
+  message.msg_control = control.data();
+  message.msg_controllen = control.size();
+  const auto receive = [&] { return recvmsg(socket, &message, MSG_ERRQUEUE | MSG_DONTWAIT); };
+  if (RetryInterrupted(receive) < 0) return {};
+  ProbeAnswer answer = {AddressOf(&target), INADDR_LOOPBACK};
+  for (cmsghdr* next = CMSG_FIRSTHDR(&message); next != nullptr;
+       next = CMSG_NXTHDR(&message, next)) {
+    const bool isError = next->cmsg_level == IPPROTO_IP && next->cmsg_type == IP_RECVERR;
+    if (isError) answer.Sender = SenderIn(next);
+  }
+  return answer;
+}
+
+std::optional<SendResult> MeaningOf(int error) {
+  switch (error) {
+    case EAGAIN:
+      return SendResult::NoRoom;
+    case ENOBUFS:
+    case ENOMEM:
+    case EINVAL:  // before August 2023 the kernel says this of its full table
+      return SendResult::TableFull;
+    case EPERM:
+      return SendResult::Forbidden;
+    default:
+      return {};
+  }
+}
+
+std::string_view IcmpMessageIn(std::string_view received) { return received; }
+
+}  // namespace hostsweep
