@@ -10,7 +10,8 @@ using std::chrono::milliseconds;
 constexpr int Requests = 3;
 constexpr milliseconds AnswerTime(150);
 
-// The time of the last request where the system does not count them.
+// The time of the last request, at the earliest, and where the system does not count requests.
+constexpr milliseconds LastRequestTime(1950);
 constexpr milliseconds UncountedRequests(2050);
 
 // Where datagrams can be lost, a silent host is probed this often.
@@ -175,6 +176,11 @@ void HostSearch::Begin(Hearing hearing) {
 void HostSearch::Doubtful(Doubt reason) {
   state_ = State::Unknown;
   reason_ = reason;
+}
+
+bool HostSearch::IsUrgent(Clock::time_point now) const {
+  return state_ == State::Probed || state_ == State::AskingLast ||
+         (state_ == State::Asking && now - probe_ >= LastRequestTime);
 }
 
 bool HostSearch::IsAsking() const {

@@ -66,6 +66,9 @@ class HostSearch {
   [[nodiscard]] Doubt Reason() const { return reason_; }
   [[nodiscard]] bool IsDone() const { return state_ >= State::Up; }
 
+  // True if the next look into the kernel's table can be expected to tell something new soon.
+  [[nodiscard]] bool IsUrgent(Clock::time_point now) const;
+
  private:
   void TakeSight(const Neighbour* entry, Clock::time_point now);
   void SeeIncomplete(const Neighbour& entry, Clock::time_point now);

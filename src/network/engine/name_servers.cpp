@@ -81,7 +81,7 @@ void NameServers::Ask(std::uint64_t key, std::uint32_t address) {
 void NameServers::Proceed(const std::vector<Watched>& ready, Clock::time_point now) {
   for (Channel* const channel : {servers_.get(), firstServer_.get()}) {
     for (const Watched& watched : ready) {
-      if (!watched.IsReady || channel->Sockets.count(watched.Descriptor) == 0) continue;
+      if (!watched.IsReady || !channel->Sockets.contains(watched.Descriptor)) continue;
       ares_process_fd(channel->Handle, watched.Reads ? watched.Descriptor : ARES_SOCKET_BAD,
                       watched.Writes ? watched.Descriptor : ARES_SOCKET_BAD);
     }
@@ -110,7 +110,7 @@ void NameServers::AskNext(Clock::time_point now) {
 }
 
 // The question can have its answer, and be gone, when this returns.
-void NameServers::Send(Question& question, Channel& channel) {
+void NameServers::Send(Question& question, const Channel& channel) {
   ares_query(channel.Handle, question.Name.c_str(), InternetClass, PointerType, Answered,
              &question);
 }

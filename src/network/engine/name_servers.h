@@ -81,7 +81,7 @@ class NameServers {
 
   static void Answered(void* question, int status, int timeouts, unsigned char* message, int size);
   void TakeAnswer(Question& question, int status, const std::string& message);
-  void Send(Question& question, Channel& channel);
+  static void Send(Question& question, const Channel& channel);
   void End(Question& question, std::optional<std::string> name, std::optional<Trouble> failure);
   void AskNext(Clock::time_point now);
   void EndLate(Clock::time_point now);

@@ -20,8 +20,9 @@ constexpr milliseconds BatchTime(5);
 constexpr milliseconds RetryTime(20);
 constexpr std::chrono::minutes LongestWait(2);
 
-// The ARP cache is looked into at such intervals that this takes about a hundredth of the time.
-constexpr milliseconds ShortestLookInterval(20);
+// The ARP cache is looked into at the longest interval, or while news is expected at such that this
+// takes about a hundredth of the time.
+constexpr milliseconds ShortestLookInterval(10);
 constexpr milliseconds LongestLookInterval(100);
 constexpr int LookShare = 100;
 
@@ -135,7 +136,8 @@ bool Sweeper::SendProbe(Key key, Clock::time_point now) {
   }
   if (event.What == SearchEvent::Kind::Sent) {
     fullSince_.reset();
-    if (!nextLook_) nextLook_ = now + ShortestLookInterval;
+    const Clock::time_point look = now + ShortestLookInterval;
+    nextLook_ = std::min(nextLook_.value_or(look), look);
   }
   HandleFor(key, event, now);
   return true;
@@ -163,16 +165,20 @@ bool Sweeper::IsOwn(std::uint32_t address) const {
 
 void Sweeper::Look(Clock::time_point now) {
   const NeighbourTable table = stack_.Neighbours(now);
+  const auto cost = std::chrono::duration_cast<milliseconds>((Clock::now() - now) * LookShare);
   links_.clear();
   nextLook_.reset();
   bool isNeeded = false;
+  bool isUrgent = false;
   for (std::size_t i = 0; i < targets_.size(); ++i) {
-    if (targets_[i].WantsLook()) LookFor(firstKey_ + i, table, now);
-    isNeeded = isNeeded || targets_[i].WantsLook();
+    const Target& target = targets_[i];
+    if (target.WantsLook()) LookFor(firstKey_ + i, table, now);
+    isNeeded = isNeeded || target.WantsLook();
+    isUrgent = isUrgent || (target.WantsLook() && target.Search().IsUrgent(now));
   }
   if (!isNeeded) return;
-  const auto time = std::chrono::duration_cast<milliseconds>((Clock::now() - now) * LookShare);
-  nextLook_ = now + std::clamp(time, ShortestLookInterval, LongestLookInterval);
+  nextLook_ = now + (isUrgent ? std::clamp(cost, ShortestLookInterval, LongestLookInterval)
+                              : LongestLookInterval);
 }
 
 void Sweeper::LookFor(Key key, const NeighbourTable& table, Clock::time_point now) {
