@@ -35,6 +35,8 @@ Trouble TroubleOf(Doubt doubt) {
       return Trouble::Forbidden;
     case Doubt::TableFull:
       return Trouble::TableFull;
+    case Doubt::Unreachable:
+      return Trouble::NotSent;
     default:
       return Trouble::Changed;
   }

@@ -24,6 +24,8 @@ constexpr std::array<Words, TroubleCount> AllWords = {{
     {Trouble::Lack, "descriptors or memory were lacking", "check the limits on them: ulimit -a"},
     {Trouble::Forbidden, "a firewall of this machine forbids the probe",
      "allow ICMP echo requests and UDP to port 9, and try ping ADDRESS"},
+    {Trouble::NotSent, "the probe could not be sent",
+     "check routes and permissions, and try ping ADDRESS"},
     {Trouble::TableFull, "the kernel's table of neighbours stayed full",
      "use fewer --jobs, or raise net.ipv4.neigh.default.gc_thresh3"},
     {Trouble::NotAsked, "the probe brought no entry into the ARP cache",

@@ -16,6 +16,7 @@ enum class Trouble : std::uint8_t {
   ServerFailed,   // a name server failed, or its answer cannot be read
   Lack,           // descriptors or memory are lacking
   Forbidden,      // a firewall forbids the probe
+  NotSent,        // the probe could not be sent
   TableFull,      // the kernel's table of neighbours stayed full
   NotAsked,       // the kernel did not ask by ARP
   TooLong,        // the kernel was still asking when the search ended
@@ -24,7 +25,7 @@ enum class Trouble : std::uint8_t {
   LinkDown,       // the device has no link; the address was not swept
   NoRoute,        // there is no route to the address, which was not swept
 };
-constexpr std::size_t TroubleCount = 12;
+constexpr std::size_t TroubleCount = 13;
 
 // The troubles of one address, each at most once.
 class TroubleSet {

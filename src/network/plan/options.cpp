@@ -174,7 +174,7 @@ NETWORK is one of:
 
 FORMAT is one of:
   lines  address=name=hardware address, a line for each address
-  table  columns, with the maker, of addresses with a name or a hardware address
+  table  columns, with the maker, of addresses with a host or a name
   csv    the same columns for every address, as comma-separated values, and
          whether a host is up
   json   an object for each address on a line of its own
