@@ -55,7 +55,7 @@ void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
     case SearchEvent::Kind::Answered:
       isHeard_ = true;
       // By ARP, the next look has the hardware address.
-      if (state_ == State::Listening || hearing_ == Hearing::Answer) state_ = State::Up;
+      if (hearing_ == Hearing::Answer) state_ = State::Up;
       break;
     case SearchEvent::Kind::Seen:
       if (state_ != State::ToProbe) TakeSight(event.Entry, now);

@@ -106,11 +106,14 @@ void Sweeper::SendProbes(Clock::time_point now) {
   nextProbe_ = std::max(nextProbe_, now - LongestBurst);
   while (!toProbe_.empty() && nextProbe_ <= now) {
     const Key key = toProbe_.front();
+    toProbe_.pop_front();
+    // An answer to an earlier probe can have come meanwhile.
+    if (key < firstKey_ || !At(key).WantsProbe()) continue;
     if (!SendProbe(key, now)) {
+      toProbe_.push_front(key);
       nextProbe_ = now + RetryTime;
       return;
     }
-    toProbe_.pop_front();
     nextProbe_ += ProbeInterval;
   }
 }
@@ -197,13 +200,12 @@ void Sweeper::LookFor(Key key, const NeighbourTable& table, Clock::time_point no
 
 void Sweeper::HandleFor(Key key, const SearchEvent& event, Clock::time_point now) {
   Target& target = At(key);
-  const bool wantedProbe = target.WantsProbe();
   target.Handle(event, now);
   if (target.NeedsConfirmation()) {
     const Route way = stack_.RouteTo(target.Address());
     target.Confirm(way, LinkOf(way.Device), now);
   }
-  if (target.WantsProbe() && !wantedProbe) toProbe_.push_front(key);
+  if (target.WantsProbe()) toProbe_.push_front(key);  // where it can be already
   Settle(key);
 }
 

@@ -73,7 +73,9 @@ bool Target::IsSearched() const {
 void Target::Handle(const SearchEvent& event, Clock::time_point now) {
   search_.Handle(event, now);
   const bool isOfHost = event.Entry != nullptr && way_.Leads == Route::Kind::Direct;
-  if (isOfHost && search_.IsDone()) hardwareAddress_ = event.Entry->HardwareAddress;
+  // Without a doubt an unknown host has an administrator's entry.
+  const bool isSure = search_.IsDone() && search_.Reason() == Doubt::None;
+  if (isOfHost && isSure) hardwareAddress_ = event.Entry->HardwareAddress;
 }
 
 // What has been heard stays true; only silence can have another reason.
