@@ -7,7 +7,7 @@ PATH=$PATH:/usr/sbin:/sbin # where an ordinary user's path does not lead
 # Each entry is what shows that a package is installed (a command, a file, or "dpkg/" and its name),
 # "=", and the package.
 if [ "$(uname)" = Darwin ]; then
-  to_build="cmake=cmake"
+  to_build="cmake=cmake pkg-config=pkgconf $(brew --prefix 2>/dev/null || :)/include/ares.h=c-ares"
   to_sweep=""
   to_test="$(brew --prefix 2>/dev/null || :)/include/gtest/gtest.h=googletest"
   for_lab=""
@@ -15,12 +15,14 @@ if [ "$(uname)" = Darwin ]; then
   to_gate=""
   to_bench=""
 else
-  to_build="c++=g++ cmake=cmake make=make"
+  to_build="c++=g++ cmake=cmake make=make pkg-config=pkg-config /usr/include/ares.h=libc-ares-dev"
   to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
   to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace python3=python3 parallel=parallel"
   for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
   to_bench="hyperfine=hyperfine /usr/bin/time=time nmap=nmap arp-scan=arp-scan fping=fping"
   to_release="npm=npm git=git llvm-objdump=llvm qemu-aarch64-static=qemu-user-static
+    x86_64-linux-gnu-g++=g++ aarch64-linux-gnu-g++=g++-aarch64-linux-gnu
+    arm-linux-gnueabihf-g++=g++-arm-linux-gnueabihf dpkg-source=dpkg-dev
     /etc/ssl/certs/ca-certificates.crt=ca-certificates"
   for_fresh="debootstrap=debootstrap unshare=util-linux
     /usr/share/keyrings/debian-archive-keyring.gpg=debian-archive-keyring"

@@ -106,27 +106,22 @@ class NetworkStack::System {
 
  private:
   Route RouteIn(const NetlinkMessage<rtmsg>& message) {
-    Route route;
-    route.Device = static_cast<int>(message.Number(RTA_OIF).value_or(0));
-    route.Gateway = ntohl(message.Number(RTA_GATEWAY).value_or(0));
-    const bool hasGateway = route.Gateway != 0 || !message.Value(RTA_VIA).empty();
+    const auto device = static_cast<int>(message.Number(RTA_OIF).value_or(0));
+    const std::uint32_t gateway = ntohl(message.Number(RTA_GATEWAY).value_or(0));
+    const bool hasGateway = gateway != 0 || !message.Value(RTA_VIA).empty();
+    const auto leadTo = [&](Route::Kind kind) { return Route{kind, device, gateway}; };
     switch (message.Fixed.rtm_type) {
       case RTN_LOCAL:
-        route.Leads = Route::Kind::Own;
-        break;
+        return leadTo(Route::Kind::Own);
       case RTN_UNICAST:
-        route.Leads =
-            hasGateway || !HasArp(route.Device) ? Route::Kind::Beyond : Route::Kind::Direct;
-        break;
+        return leadTo(hasGateway || !HasArp(device) ? Route::Kind::Beyond : Route::Kind::Direct);
       case RTN_BROADCAST:
       case RTN_ANYCAST:
       case RTN_MULTICAST:
-        route.Leads = Route::Kind::Reserved;
-        break;
+        return leadTo(Route::Kind::Reserved);
       default:
-        break;
+        return leadTo(Route::Kind::None);
     }
-    return route;
   }
 
   std::optional<Link> AskForLink(int device) {
