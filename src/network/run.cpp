@@ -14,7 +14,7 @@
 #include "network/remark.h"
 #include "network/session.h"
 #include "platform/console.h"
-#include "platform/network_stack.h"
+#include "platform/network/network_stack.h"
 #include "platform/process.h"
 
 namespace hostsweep {

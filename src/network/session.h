@@ -6,7 +6,7 @@
 
 #include "network/plan/options.h"
 #include "network/plan/plan.h"
-#include "platform/network_stack.h"
+#include "platform/network/network_stack.h"
 
 namespace hostsweep {
 

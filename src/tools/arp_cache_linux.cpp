@@ -10,8 +10,8 @@
 #include <string>
 #include <system_error>
 
-#include "platform/devices.h"
-#include "platform/hardware_bytes.h"
+#include "platform/network/devices.h"
+#include "platform/network/hardware_bytes.h"
 #include "tools/arp_cache.h"
 #include "tools/neighbour.h"
 #include "tools/tool.h"

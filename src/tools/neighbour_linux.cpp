@@ -1,5 +1,5 @@
 // The request is rtnetlink(7)'s RTM_GETNEIGH for one address on one device.
-#include "platform/neighbour_linux.h"
+#include "platform/network/neighbour_linux.h"
 
 #include <arpa/inet.h>
 #include <linux/neighbour.h>
@@ -9,8 +9,8 @@
 #include <memory>
 #include <system_error>
 
-#include "platform/hardware_bytes.h"
-#include "platform/netlink_linux.h"
+#include "platform/network/hardware_bytes.h"
+#include "platform/network/netlink_linux.h"
 #include "platform/system_call.h"
 #include "tools/neighbour.h"
 

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "platform/clock.h"
-#include "platform/neighbour.h"
+#include "platform/network/neighbour.h"
 
 namespace hostsweep {
 

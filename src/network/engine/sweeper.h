@@ -19,9 +19,9 @@
 #include "network/engine/troubles.h"
 #include "network/plan/network.h"
 #include "platform/clock.h"
-#include "platform/network_stack.h"
+#include "platform/network/network_stack.h"
+#include "platform/network/probe_sockets.h"
 #include "platform/poll.h"
-#include "platform/probe_sockets.h"
 
 namespace hostsweep {
 

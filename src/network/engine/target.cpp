@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "network/plan/address.h"
-#include "platform/hardware_bytes.h"
+#include "platform/network/hardware_bytes.h"
 #include "platform/text/text.h"
 #include "sweep/hardware_address.h"
 

@@ -9,7 +9,7 @@
 #include "network/engine/host_search.h"
 #include "network/engine/name_servers.h"
 #include "network/engine/troubles.h"
-#include "platform/network_stack.h"
+#include "platform/network/network_stack.h"
 
 namespace hostsweep {
 

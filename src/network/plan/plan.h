@@ -6,7 +6,7 @@
 
 #include "network/plan/network.h"
 #include "network/plan/options.h"
-#include "platform/network_stack.h"
+#include "platform/network/network_stack.h"
 
 namespace hostsweep {
 

@@ -1,4 +1,4 @@
-#include "platform/neighbour_linux.h"
+#include "platform/network/neighbour_linux.h"
 
 #include <arpa/inet.h>
 #include <linux/neighbour.h>
@@ -6,7 +6,7 @@
 
 #include <chrono>
 
-#include "platform/netlink_linux.h"
+#include "platform/network/netlink_linux.h"
 
 namespace hostsweep {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/probe_sockets.h"
+#include "platform/network/probe_sockets.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>
@@ -11,7 +11,7 @@
 #include <random>
 #include <string_view>
 
-#include "platform/probe_errors.h"
+#include "platform/network/probe_errors.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {

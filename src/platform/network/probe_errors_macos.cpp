@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "platform/probe_errors.h"
+#include "platform/network/probe_errors.h"
 
 namespace hostsweep {
 

@@ -1,4 +1,4 @@
-#include "platform/netlink_linux.h"
+#include "platform/network/netlink_linux.h"
 
 #include <fcntl.h>
 #include <sys/socket.h>

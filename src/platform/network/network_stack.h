@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/devices.h"
-#include "platform/neighbour.h"
+#include "platform/network/devices.h"
+#include "platform/network/neighbour.h"
 
 namespace hostsweep {
 

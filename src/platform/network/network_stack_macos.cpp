@@ -17,7 +17,7 @@
 #include <string_view>
 
 #include "platform/descriptor.h"
-#include "platform/network_stack.h"
+#include "platform/network/network_stack.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "platform/probe_errors.h"
+#include "platform/network/probe_errors.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {

@@ -1,4 +1,4 @@
-#include "platform/neighbour.h"
+#include "platform/network/neighbour.h"
 
 #include <algorithm>
 #include <tuple>

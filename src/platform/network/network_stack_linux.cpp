@@ -11,10 +11,10 @@
 #include <optional>
 #include <system_error>
 
-#include "platform/link_linux.h"
-#include "platform/neighbour_linux.h"
-#include "platform/netlink_linux.h"
-#include "platform/network_stack.h"
+#include "platform/network/link_linux.h"
+#include "platform/network/neighbour_linux.h"
+#include "platform/network/netlink_linux.h"
+#include "platform/network/network_stack.h"
 
 namespace hostsweep {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/probe_sockets.h"
+#include "platform/network/probe_sockets.h"
 
 namespace hostsweep {
 

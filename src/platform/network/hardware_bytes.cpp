@@ -1,4 +1,4 @@
-#include "platform/hardware_bytes.h"
+#include "platform/network/hardware_bytes.h"
 
 namespace hostsweep {
 

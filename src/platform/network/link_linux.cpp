@@ -1,9 +1,9 @@
-#include "platform/link_linux.h"
+#include "platform/network/link_linux.h"
 
 #include <linux/if_link.h>
 #include <net/if.h>
 
-#include "platform/netlink_linux.h"
+#include "platform/network/netlink_linux.h"
 
 namespace hostsweep {
 

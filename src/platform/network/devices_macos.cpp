@@ -11,7 +11,7 @@
 #include <map>
 #include <memory>
 
-#include "platform/devices.h"
+#include "platform/network/devices.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {

@@ -1,4 +1,4 @@
-#include "platform/devices.h"
+#include "platform/network/devices.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/neighbour.h"
+#include "platform/network/neighbour.h"
 
 namespace hostsweep {
 

@@ -9,9 +9,9 @@
 #include <map>
 #include <system_error>
 
-#include "platform/devices.h"
-#include "platform/link_linux.h"
-#include "platform/netlink_linux.h"
+#include "platform/network/devices.h"
+#include "platform/network/link_linux.h"
+#include "platform/network/netlink_linux.h"
 
 namespace hostsweep {
 namespace {
