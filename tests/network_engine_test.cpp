@@ -364,7 +364,7 @@ TEST(ReportWriter, TellsFreeAddressesOnlyAfterACompleteSweep) {
     report.Add({0x0A000003, {}, "01-02", Presence::Up});
     report.Add({0x0A000004, {}, "", Presence::Absent});
     report.Add({0x0A000005, {}, "", Presence::Unknown});
-    report.Add({0x0A000006, {}, "", Presence::Absent, true, true});
+    report.Add({0x0A000006, {}, "", Presence::Absent, false, true});
     EXPECT_EQ(report.Pending().Size(), 0U);
     report.End(isComplete);
     report.AddFree();

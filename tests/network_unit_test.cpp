@@ -289,7 +289,7 @@ TEST(Formatter, DrawsAMapInAlignedRows) {
                                    Found(63, nullptr, ""), Found(64, nullptr, "x"),
                                    Found(65, nullptr, ""), Found(66, nullptr, ""),
                                    Found(66, nullptr, "")};
-  findings[2].IsComplete = false;
+  findings[2].HasTrouble = true;
   findings[4].IsReserved = true;
   findings[6].Host = Presence::Unknown;
   const std::string indent(29, ' ');

@@ -3,7 +3,7 @@
 namespace hostsweep {
 
 bool IsFree(const Finding& finding) {
-  return finding.Host == Presence::Absent && finding.IsComplete && !finding.IsReserved &&
+  return finding.Host == Presence::Absent && !finding.HasTrouble && !finding.IsReserved &&
          !finding.Name;
 }
 

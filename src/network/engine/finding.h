@@ -18,7 +18,7 @@ struct Finding {
   std::optional<std::string> Name;  // from the reverse lookup; that of the root domain is empty
   std::string HardwareAddress;      // empty if there is none
   Presence Host = Presence::Unknown;
-  bool IsComplete = true;   // nothing has gone wrong
+  bool HasTrouble = false;  // something has gone wrong, and is not known
   bool IsReserved = false;  // no host can have the address
 };
 

@@ -112,7 +112,7 @@ Finding Target::Result() const {
   finding.Address = address_;
   finding.Name = name_;
   finding.HardwareAddress = FormatHardwareAddress(hardwareAddress_);
-  finding.IsComplete = Troubles().IsEmpty();
+  finding.HasTrouble = !Troubles().IsEmpty();
   finding.IsReserved = way_.Leads == Route::Kind::Reserved;
   const HostSearch::State state = search_.Current();
   if (way_.Leads == Route::Kind::Own || state == HostSearch::State::Up) {

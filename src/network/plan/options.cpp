@@ -77,8 +77,8 @@ void Select(Selection selection, Options& options) {
   options.Reported = selection;
 }
 
-// Takes one option, or an argument that is none, into the options.
-void Take(int option, Options& options, std::vector<std::string>& networks) {
+// Applies one option, or an argument that is not an option.
+void Apply(int option, Options& options, std::vector<std::string>& networks) {
   switch (option) {
     case NoOption:
       networks.emplace_back(optarg);
@@ -132,7 +132,7 @@ Options ReadOptions(int argumentCount, char** arguments) {
       throw argument.compare(0, 2, "--") == 0 ? LongOptionError(argument)
                                               : ShortOptionError(argument, optopt);
     }
-    Take(option, options, networks);
+    Apply(option, options, networks);
   }
   if (options.Wanted != Task::Sweep) return options;
   networks.insert(networks.end(), arguments + std::min(optind, argumentCount),

@@ -11,7 +11,7 @@ char Mark(const Finding& finding, Selection selection) {
   if (finding.Host == Presence::Up) return '#';
   if (finding.Name) return '+';
   if (IsFree(finding)) return '.';
-  return finding.IsReserved && finding.IsComplete ? '-' : '?';
+  return finding.IsReserved && !finding.HasTrouble ? '-' : '?';
 }
 
 class MapFormatter : public Formatter {
