@@ -20,8 +20,8 @@ elseif(TRIPLET MATCHES "^aarch64-")
   list(APPEND compile_options -mbranch-protection=standard -fno-strict-aliasing)
 endif()
 
-# A static program that runs at any address starts with this file of glibc's, which some processors do
-# not have. The compiler makes such code unless told otherwise, and would then crash without it.
+# A static program that runs at any address has to begin with this file of glibc's, which does not exist
+# for every processor. Without it, the program can only be one for a fixed address.
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=rcrt1.o
   OUTPUT_VARIABLE start OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(IS_ABSOLUTE "${start}")

@@ -50,11 +50,13 @@ NameServers::Channel::Channel(int flags) {
       sockets[socket] = {reads != 0, writes != 0};
     }
   };
-  const int status = ready == ARES_SUCCESS
-                         ? ares_init_options(&Handle, &options,
-                                             ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES |
-                                                 ARES_OPT_SOCK_STATE_CB)
-                         : ready;
+  int given = ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_SOCK_STATE_CB;
+#ifdef ARES_OPT_UDP_MAX_QUERIES
+  // The versions that have this end all questions of a socket that receives a bad answer.
+  options.udp_max_queries = 1;
+  given |= ARES_OPT_UDP_MAX_QUERIES;
+#endif
+  const int status = ready == ARES_SUCCESS ? ares_init_options(&Handle, &options, given) : ready;
   if (status == ARES_ENOMEM) throw std::bad_alloc();
   if (status != ARES_SUCCESS) {
     throw std::runtime_error(std::string("name servers: ") + ares_strerror(status));
