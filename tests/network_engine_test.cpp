@@ -159,6 +159,7 @@ TEST(HostSearch, BelievesNoOldEntry) {
       {"unused",
        {Sent(0, "probed"), Seen(20, Stale, -900, "probed"), Seen(40, Stale, -900, "probed"),
         Seen(60, Stale, -900, "to probe")}},
+      {"judged late", {Sent(0, "probed"), Seen(10'500, Reachable, 5, "up")}},
       {"without end",
        {Sent(0, "probed"), Seen(9000, Delay, 1, "verifying"),
         Seen(9001, Delay, 1, "unknown too long")}},

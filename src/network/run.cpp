@@ -25,8 +25,8 @@ constexpr int Incomplete = 1;
 constexpr int WrongUsage = 2;
 
 // The end of a program whose reader is gone: by SIGPIPE, unless the caller has it ignored.
-int EndWithoutReader() {
-  if (!IsIgnored(SIGPIPE)) TerminateBy(SIGPIPE);
+int EndWithoutReader(bool ignoresBrokenPipes) {
+  if (!ignoresBrokenPipes) TerminateBy(SIGPIPE);
   return Incomplete;
 }
 
@@ -36,19 +36,19 @@ int Show(const std::string& text) {
   throw std::system_error(errno, std::generic_category(), "standard output");
 }
 
-int Sweep(const Options& options) {
+int Sweep(const Options& options, bool ignoresBrokenPipes) {
   NetworkStack stack;
   const Plan plan = MakePlan(options, stack);
   for (const std::string& note : plan.Notes) Remark(note);
   if (plan.IsRefused || plan.Networks.empty()) return Incomplete;
   const SessionEnd end = RunSession(options, plan, stack);
-  if (end.IsReaderGone) return EndWithoutReader();
+  if (end.IsReaderGone) return EndWithoutReader(ignoresBrokenPipes);
   if (!end.Summary.empty()) PrintError(end.Summary + "\n");
   for (const std::string& reason : end.Reasons) Remark(reason);
   return end.IsComplete ? Complete : Incomplete;
 }
 
-int Run(int argumentCount, char** arguments) {
+int Run(int argumentCount, char** arguments, bool ignoresBrokenPipes) {
   const Options options = ReadOptions(argumentCount, arguments);
   switch (options.Wanted) {
     case Task::PrintHelp:
@@ -56,7 +56,7 @@ int Run(int argumentCount, char** arguments) {
     case Task::PrintVersion:
       return Show(std::string("hostsweep-network ") + ShortVersion + "\n");
     default:
-      return Sweep(options);
+      return Sweep(options, ignoresBrokenPipes);
   }
 }
 
@@ -64,15 +64,16 @@ int Run(int argumentCount, char** arguments) {
 
 int RunNetworkProgram(int argumentCount, char** arguments) {
   OpenStandardDescriptors();
-  IgnoreFileSizeSignal();
+  const bool ignoresBrokenPipes = IsIgnored(SIGPIPE);
+  IgnoreWriteSignals();  // a name server, too, can close what is being written to
   try {
-    return Run(argumentCount, arguments);
+    return Run(argumentCount, arguments, ignoresBrokenPipes);
   } catch (const UsageError& error) {
     Remark(error.what());
     PrintError(UsageLine() + "\n");
     return WrongUsage;
   } catch (const std::system_error& error) {
-    if (error.code() == std::errc::broken_pipe) return EndWithoutReader();
+    if (error.code() == std::errc::broken_pipe) return EndWithoutReader(ignoresBrokenPipes);
     Remark(error.what());
   } catch (const std::bad_alloc&) {
     Remark("there is not enough memory");

@@ -84,7 +84,7 @@ class Session {
   // Returns false if the reader of standard output is gone.
   bool Write(Clock::time_point now) {
     OutputQueue& pending = report_.Pending();
-    if (pending.Size() > 0) progress_.TryErase();
+    if (pending.Size() > 0) progress_.Erase();
     try {
       pending.Write();
     } catch (const std::system_error& error) {

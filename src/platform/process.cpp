@@ -23,7 +23,7 @@ void KeepOtherDescriptorsFromChildren() {
 }
 
 void PrepareSignals() {
-  for (const int number : WriteSignals) signal(number, SIG_IGN);
+  IgnoreWriteSignals();
   signal(SIGCHLD, SIG_DFL);
   sigset_t none;
   sigemptyset(&none);
@@ -45,7 +45,9 @@ bool IsIgnored(int signalNumber) {
   return action.sa_handler == SIG_IGN;
 }
 
-void IgnoreFileSizeSignal() { signal(SIGXFSZ, SIG_IGN); }
+void IgnoreWriteSignals() {
+  for (const int number : WriteSignals) signal(number, SIG_IGN);
+}
 
 void TerminateBy(int signalNumber) {
   signal(signalNumber, SIG_DFL);

@@ -23,8 +23,9 @@ void OpenStandardDescriptors();
 // - No signal is blocked, and the ends of child processes are not ignored.
 void PrepareProcess();
 
-// Has writing beyond the file size limit return an error instead of terminating the program.
-void IgnoreFileSizeSignal();
+// Ignores `WriteSignals`: writing to a pipe or a socket without a reader, or beyond the file size
+// limit, returns an error instead of terminating the program.
+void IgnoreWriteSignals();
 
 // True if the signal is ignored.
 bool IsIgnored(int signalNumber);

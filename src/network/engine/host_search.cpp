@@ -58,7 +58,7 @@ void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
       if (hearing_ == Hearing::Answer) state_ = State::Up;
       break;
     case SearchEvent::Kind::Seen:
-      if (state_ != State::ToProbe) TakeSight(event.Entry, now);
+      if (state_ != State::ToProbe) Look(event.Entry, now);
       break;
     default:
       Doubtful(event.Reason);
@@ -66,8 +66,14 @@ void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
   }
 }
 
-void HostSearch::TakeSight(const Neighbour* entry, Clock::time_point now) {
-  if (now - probe_ > LongestVerdict) return Doubtful(Doubt::TooLong);
+void HostSearch::Look(const Neighbour* entry, Clock::time_point now) {
+  See(entry, now);
+  // What the table says comes first: the program can have been stopped for long.
+  const bool isPending = !IsDone() && state_ != State::ToProbe;
+  if (isPending && now - probe_ > LongestVerdict) Doubtful(Doubt::TooLong);
+}
+
+void HostSearch::See(const Neighbour* entry, Clock::time_point now) {
   if (hearing_ == Hearing::Answer) return Listen(entry, now);
   if (entry == nullptr) return SeeNothing(now);
   if (IsFixed(entry->State)) return Listen(nullptr, now);
@@ -96,7 +102,7 @@ void HostSearch::SeeIncomplete(const Neighbour& entry, Clock::time_point now) {
   if (!IsSinceProbe(entry.Since)) {
     state_ = State::AskingSince;
   } else if (state_ == State::AskingLast) {
-    if (now - lastRequest_ >= AnswerTime) state_ = State::Absent;
+    if (now - lastRequest_ >= AnswerTime) EndSilence();
   } else {
     const bool isLast =
         entry.Requests ? *entry.Requests >= Requests : now - probe_ >= UncountedRequests;
@@ -110,7 +116,7 @@ void HostSearch::SeeFailed(const Neighbour& entry, Clock::time_point now) {
   if (!IsSinceProbe(entry.Since)) return SeeNothing(now);
   const bool isIdle = wasIdle_ && state_ == State::Probed;
   if (isIdle || state_ == State::Asking || state_ == State::AskingLast) {
-    state_ = State::Absent;
+    EndSilence();
   } else {
     ProbeAnew();
   }
@@ -131,7 +137,7 @@ void HostSearch::SeeUnconfirmed(const Neighbour& entry, Clock::time_point now) {
 void HostSearch::SeeNothing(Clock::time_point now) {
   // A failed entry can be thrown away at once.
   const bool isOver = state_ == State::AskingLast && now - lastRequest_ >= AnswerTime;
-  if (isOver) state_ = State::Absent;
+  if (isOver) EndSilence();
   if (isOver || ++misses_ < Misses) return;
   if (isHeard_) {
     state_ = State::Up;
@@ -161,6 +167,10 @@ void HostSearch::Listen(const Neighbour* gateway, Clock::time_point now) {
     Doubtful(Doubt::None);
   }
 }
+
+// Nothing has answered ARP. The host can have answered the probe all the same, if its entry has
+// been thrown away since.
+void HostSearch::EndSilence() { state_ = isHeard_ ? State::Up : State::Absent; }
 
 void HostSearch::ProbeAnew() {
   if (probes_ == MostProbes) return Doubtful(Doubt::TooLong);

@@ -16,7 +16,7 @@ enum class Hearing { Arp, Answer };
 
 // The reason for which a search ends without a result.
 enum class Doubt {
-  None,           // a host that can only be heard of by its answer gives none
+  None,           // none: the answer alone could tell, and did not come
   NotAsked,       // the kernel has not asked for the address, although the probe was sent
   TooLong,        // the kernel is still asking
   GatewaySilent,  // the gateway does not answer ARP
@@ -70,12 +70,14 @@ class HostSearch {
   [[nodiscard]] bool IsUrgent(Clock::time_point now) const;
 
  private:
-  void TakeSight(const Neighbour* entry, Clock::time_point now);
+  void Look(const Neighbour* entry, Clock::time_point now);
+  void See(const Neighbour* entry, Clock::time_point now);
   void SeeIncomplete(const Neighbour& entry, Clock::time_point now);
   void SeeFailed(const Neighbour& entry, Clock::time_point now);
   void SeeUnconfirmed(const Neighbour& entry, Clock::time_point now);
   void SeeNothing(Clock::time_point now);
   void Listen(const Neighbour* gateway, Clock::time_point now);
+  void EndSilence();
   void ProbeAnew();
   void Begin(Hearing hearing);
   void Doubtful(Doubt reason);

@@ -24,9 +24,6 @@ constexpr milliseconds LongestQuestion(6000);
 constexpr int FirstTimeout = 1000;
 constexpr int Tries = 4;
 
-constexpr int PointerType = 12;
-constexpr int InternetClass = 1;
-
 std::string Joined(const std::vector<std::string>& names) {
   std::string text;
   for (const std::string& name : names) text += (&name == &names.front() ? "" : " ") + name;
@@ -43,11 +40,15 @@ NameServers::Channel::Channel(int flags) {
   options.tries = Tries;
   options.sock_state_cb_data = this;
   options.sock_state_cb = [](void* channel, ares_socket_t socket, int reads, int writes) {
-    std::map<int, Interest>& sockets = static_cast<Channel*>(channel)->Sockets;
+    Channel& own = *static_cast<Channel*>(channel);
     if (reads == 0 && writes == 0) {
-      sockets.erase(socket);
-    } else {
-      sockets[socket] = {reads != 0, writes != 0};
+      own.Sockets.erase(socket);
+      return;
+    }
+    try {
+      own.Sockets[socket] = {reads != 0, writes != 0};
+    } catch (...) {
+      own.Error = std::current_exception();
     }
   };
   int given = ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_SOCK_STATE_CB;
@@ -91,7 +92,9 @@ void NameServers::Proceed(const std::vector<Watched>& ready, Clock::time_point n
   }
   EndLate(now);
   AskNext(now);
-  if (error_) std::rethrow_exception(std::exchange(error_, {}));
+  for (const std::exception_ptr& error : {error_, servers_->Error, firstServer_->Error}) {
+    if (error) std::rethrow_exception(error);
+  }
 }
 
 void NameServers::AskNext(Clock::time_point now) {
@@ -125,13 +128,13 @@ void NameServers::Answered(void* question, int status, int /*timeouts*/, unsigne
   try {
     const std::string_view bytes(reinterpret_cast<const char*>(message),
                                  message == nullptr ? 0 : static_cast<std::size_t>(size));
-    servers.TakeAnswer(asked, status, std::string(bytes));
+    servers.HandleAnswer(asked, status, std::string(bytes));
   } catch (...) {
     servers.error_ = std::current_exception();
   }
 }
 
-void NameServers::TakeAnswer(Question& question, int status, const std::string& message) {
+void NameServers::HandleAnswer(Question& question, int status, const std::string& message) {
   if (!question.IsOver && status == ARES_ECONNREFUSED && !question.IsSecondTime) {
     // Older versions of the library say this, too, if the servers have refused or failed.
     question.IsSecondTime = true;

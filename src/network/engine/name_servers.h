@@ -77,10 +77,11 @@ class NameServers {
     ~Channel();
     ares_channeldata* Handle = nullptr;
     std::map<int, Interest> Sockets;
+    std::exception_ptr Error;  // what must not pass through the library
   };
 
   static void Answered(void* question, int status, int timeouts, unsigned char* message, int size);
-  void TakeAnswer(Question& question, int status, const std::string& message);
+  void HandleAnswer(Question& question, int status, const std::string& message);
   static void Send(Question& question, const Channel& channel);
   void End(Question& question, std::optional<std::string> name, std::optional<Trouble> failure);
   void AskNext(Clock::time_point now);

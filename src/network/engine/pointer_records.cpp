@@ -14,9 +14,7 @@ namespace hostsweep {
 namespace {
 
 constexpr std::size_t HeaderSize = 12;
-constexpr unsigned int AliasType = 5;     // CNAME
-constexpr unsigned int PointerType = 12;  // PTR
-constexpr unsigned int InternetClass = 1;
+constexpr int AliasType = 5;  // CNAME
 
 // What goes on from one part of a message to the next. After a part that cannot be read nothing
 // more can be, and `HasFailed` holds.
@@ -27,9 +25,9 @@ class MessageReader {
   [[nodiscard]] bool HasFailed() const { return hasFailed_; }
 
   // A number of so many bytes, the highest first.
-  unsigned int Number(std::size_t size) {
-    unsigned int number = 0;
-    for (const char byte : Skip(size)) number = number << 8U | static_cast<unsigned char>(byte);
+  int Number(std::size_t size) {
+    int number = 0;
+    for (const char byte : Skip(size)) number = number * 256 + static_cast<unsigned char>(byte);
     return number;
   }
 
@@ -82,10 +80,10 @@ struct Records {
 
 void ReadRecord(MessageReader& reader, Records& records) {
   const std::string owner = Folded(reader.Name());
-  const unsigned int type = reader.Number(2);
-  const unsigned int recordClass = reader.Number(2);
+  const int type = reader.Number(2);
+  const int recordClass = reader.Number(2);
   reader.Skip(4);  // how long it may be kept
-  const unsigned int size = reader.Number(2);
+  const auto size = static_cast<std::size_t>(reader.Number(2));
   MessageReader data = reader;
   reader.Skip(size);
   if (reader.HasFailed() || recordClass != InternetClass) return;
@@ -108,15 +106,15 @@ std::optional<std::vector<std::string>> PointerNamesIn(std::string_view message,
                                                        const std::string& name) {
   MessageReader reader(message);
   reader.Skip(4);  // identifier and flags
-  const unsigned int questions = reader.Number(2);
-  const unsigned int answers = reader.Number(2);
+  const int questions = reader.Number(2);
+  const int answers = reader.Number(2);
   reader.Skip(HeaderSize - 8);
-  for (unsigned int i = 0; i < questions && !reader.HasFailed(); ++i) {
+  for (int i = 0; i < questions && !reader.HasFailed(); ++i) {
     reader.Name();
     reader.Skip(4);
   }
   Records records;
-  for (unsigned int i = 0; i < answers && !reader.HasFailed(); ++i) ReadRecord(reader, records);
+  for (int i = 0; i < answers && !reader.HasFailed(); ++i) ReadRecord(reader, records);
   if (reader.HasFailed()) return {};
   std::string owner = Folded(name);
   for (std::size_t i = 0; i < records.Aliases.size(); ++i) {  // no longer, if they go in a circle

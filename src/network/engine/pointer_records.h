@@ -9,6 +9,10 @@
 
 namespace hostsweep {
 
+// The type and the class of pointer records (RFC 1035, sections 3.2.2 and 3.2.4).
+constexpr int PointerType = 12;
+constexpr int InternetClass = 1;
+
 // The name that a reverse lookup of the address asks for: 7.0.50.10.in-addr.arpa (RFC 1035, section
 // 3.5).
 std::string ReverseName(std::uint32_t address);

@@ -38,14 +38,15 @@ Sweeper::Sweeper(const std::vector<Network>& networks, std::size_t jobs, Network
     : jobs_(jobs), stack_(stack), walk_(networks) {}
 
 void Sweeper::Proceed(const std::vector<Watched>& ready, Clock::time_point now, bool mayBegin) {
-  for (const ProbeAnswer& answer : probes_.Receive()) TakeAnswer(answer, now);
+  links_.clear();
+  for (const ProbeAnswer& answer : probes_.Receive()) HandleAnswer(answer, now);
   if (nextLook_ && *nextLook_ <= now) Look(now);
   while (mayBegin && CanBegin()) BeginAddress();
   SendProbes(now);
   names_.Proceed(ready, now);
   for (NameResult& result : names_.TakeResults()) {
     const Key key = result.Key;
-    At(key).TakeName(std::move(result));
+    At(key).SetName(std::move(result));
     Settle(key);
   }
 }
@@ -116,6 +117,7 @@ void Sweeper::SendProbes(Clock::time_point now) {
     }
     nextProbe_ += ProbeInterval;
   }
+  if (toProbe_.empty()) fullSince_.reset();
 }
 
 // Returns false if the probe is to be sent later.
@@ -137,8 +139,8 @@ bool Sweeper::SendProbe(Key key, Clock::time_point now) {
       event = {SearchEvent::Kind::Failed, nullptr, Doubt::TableFull, {}};
       break;
   }
+  if (event.Reason != Doubt::TableFull) fullSince_.reset();
   if (event.What == SearchEvent::Kind::Sent) {
-    fullSince_.reset();
     const Clock::time_point look = now + ShortestLookInterval;
     nextLook_ = std::min(nextLook_.value_or(look), look);
   }
@@ -146,7 +148,7 @@ bool Sweeper::SendProbe(Key key, Clock::time_point now) {
   return true;
 }
 
-void Sweeper::TakeAnswer(const ProbeAnswer& answer, Clock::time_point now) {
+void Sweeper::HandleAnswer(const ProbeAnswer& answer, Clock::time_point now) {
   const auto found = inWork_.find(answer.Target);
   if (found == inWork_.end()) return;
   const Target& target = At(found->second);
@@ -169,7 +171,6 @@ bool Sweeper::IsOwn(std::uint32_t address) const {
 void Sweeper::Look(Clock::time_point now) {
   const NeighbourTable table = stack_.Neighbours(now);
   const auto cost = std::chrono::duration_cast<milliseconds>((Clock::now() - now) * LookShare);
-  links_.clear();
   nextLook_.reset();
   bool isNeeded = false;
   bool isUrgent = false;

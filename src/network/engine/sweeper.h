@@ -25,7 +25,7 @@
 
 namespace hostsweep {
 
-// Takes the addresses of the networks, in their order, through the search for a host and for a
+// Leads the addresses of the networks, in their order, through the search for a host and for a
 // name. The functions throw `std::system_error` if the system cannot be asked.
 class Sweeper {
  public:
@@ -62,7 +62,7 @@ class Sweeper {
   void BeginAddress();
   void SendProbes(Clock::time_point now);
   bool SendProbe(Key key, Clock::time_point now);
-  void TakeAnswer(const ProbeAnswer& answer, Clock::time_point now);
+  void HandleAnswer(const ProbeAnswer& answer, Clock::time_point now);
   void Look(Clock::time_point now);
   void LookFor(Key key, const NeighbourTable& table, Clock::time_point now);
   void HandleFor(Key key, const SearchEvent& event, Clock::time_point now);
@@ -87,7 +87,7 @@ class Sweeper {
   Clock::time_point nextProbe_;                 // the pace of probes
   std::optional<Clock::time_point> fullSince_;  // no probe could be sent since then
   std::optional<Clock::time_point> nextLook_;
-  std::map<int, LinkState> links_;                       // since the last look
+  std::map<int, LinkState> links_;                       // since `Proceed` began
   std::map<GatewayKey, Clock::time_point> heardBeyond_;  // when a host beyond a gateway answered
 };
 

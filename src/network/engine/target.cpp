@@ -73,7 +73,7 @@ bool Target::IsSearched() const {
 void Target::Handle(const SearchEvent& event, Clock::time_point now) {
   search_.Handle(event, now);
   const bool isOfHost = event.Entry != nullptr && way_.Leads == Route::Kind::Direct;
-  // Without a doubt an unknown host has an administrator's entry.
+  // A host that is up, or an administrator's entry, which leaves it unknown without a doubt.
   const bool isSure = search_.IsDone() && search_.Reason() == Doubt::None;
   if (isOfHost && isSure) hardwareAddress_ = event.Entry->HardwareAddress;
 }
@@ -100,7 +100,7 @@ void Target::Confirm(const Route& way, const LinkState& link, Clock::time_point 
 }
 
 // A name that is the address itself counts as none, as in hostsweep.
-void Target::TakeName(NameResult result) {
+void Target::SetName(NameResult result) {
   isNamed_ = true;
   if (result.Failure) troubles_.Add(*result.Failure);
   const bool isAddress = result.Name && Text(*result.Name) == FormatAddress(address_);

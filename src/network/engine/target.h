@@ -46,7 +46,7 @@ class Target {
   // For an address of this machine itself. In bytes.
   void SetHardwareAddress(const std::string& bytes) { hardwareAddress_ = bytes; }
 
-  void TakeName(NameResult result);
+  void SetName(NameResult result);
 
   [[nodiscard]] Finding Result() const;
   [[nodiscard]] TroubleSet Troubles() const;

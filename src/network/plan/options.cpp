@@ -174,14 +174,14 @@ NETWORK is one of:
 
 FORMAT is one of:
   lines  address=name=hardware address, a line for each address
-  table  columns, with the maker, of addresses with a host or a name
+  table  columns, with the maker, of addresses about which something is known
   csv    the same columns for every address, as comma-separated values, and
          whether a host is up
   json   an object for each address on a line of its own
   map    a character for each address: "#" up, "+" a name only, "." free,
-         "-" reserved, "?" not known
+         "-" reserved, "?" not all known
 
-Exit status: 0 if every address was swept and every look-up had an answer; 1 if
+Exit status: 0 if every address was swept and every lookup had an answer; 1 if
 not, for reasons that standard error says; 2 if the arguments cannot be used.
 )";
 }

@@ -127,7 +127,7 @@ std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stac
         NamesOf(leftOut) +
         ": left out, as larger than a /20; give it, or a part of at most a /16, as an argument");
   }
-  if (networks.empty()) {
+  if (networks.empty() && leftOut.empty()) {
     plan.Notes.emplace_back("no device of this machine is on a network to sweep");
   }
   return networks;
@@ -141,7 +141,7 @@ void NoteBeyond(const Options& options, const std::vector<Network>& beyond, Plan
         "silent hosts beyond its own networks cannot be seen from here, so --free cannot tell; "
         "use a machine there";
   } else if (options.Reported == Selection::Up) {
-    note += "beyond its own networks only hosts that answer are seen, and silent ones are not";
+    note += "beyond its own networks silent hosts are not seen";
   } else {
     note += "beyond its own networks only hosts that answer are seen, without hardware addresses";
   }

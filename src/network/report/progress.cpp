@@ -71,6 +71,7 @@ void Progress::Show(std::uint64_t done, Clock::time_point now) {
 }
 
 void Progress::Erase() {
+  if (!CanWrite(StandardError)) return;
   if (width_ > 0) Draw("");
   SetWidth(0);
 }
@@ -86,10 +87,6 @@ void Progress::Draw(const std::string& line) const {
   const std::size_t room = std::min(width_, static_cast<std::size_t>(std::max(Room(), 0)));
   const std::size_t rest = room > line.size() ? room - line.size() : 0;
   PrintError('\r' + line + std::string(rest, ' ') + '\r');
-}
-
-void Progress::TryErase() {
-  if (CanWrite(StandardError)) Erase();
 }
 
 }  // namespace hostsweep

@@ -24,16 +24,14 @@ class Progress {
   Progress(bool isEnabled, std::uint64_t total);
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
-  ~Progress() { TryErase(); }
+  ~Progress() { Erase(); }
 
   // Draws the line, if the last time was a tenth of a second ago or earlier.
   void Show(std::uint64_t done, Clock::time_point now);
 
-  // Erases the line, so that something else can be written in its place.
+  // Erases the line, so that something else can be written in its place, unless the terminal is
+  // stopped.
   void Erase();
-
-  // The same, but does nothing while the terminal is stopped.
-  void TryErase();
 
   // The time at which the next line may be drawn.
   [[nodiscard]] Clock::time_point NextTime() const { return nextTime_; }

@@ -75,10 +75,10 @@ int Netlink::Ask(unsigned short type, unsigned short flags, const std::string& b
     std::string_view bytes = Receive();
     while (const std::optional<Part> part = TakeFirst(bytes)) {
       if (part->Header.nlmsg_seq != sequence_) continue;
-      if (part->Header.nlmsg_type == NLMSG_DONE) return 0;
-      if (part->Header.nlmsg_type == NLMSG_ERROR) {
-        const auto error = ObjectIn<int>(part->Body);
-        return error ? -*error : EPROTO;
+      const bool isEnd = part->Header.nlmsg_type == NLMSG_DONE;
+      if (isEnd || part->Header.nlmsg_type == NLMSG_ERROR) {
+        const auto error = ObjectIn<int>(part->Body);  // a list can end without one
+        return error ? -*error : (isEnd ? 0 : EPROTO);
       }
       receive(part->Header.nlmsg_type, part->Body);
       if ((flags & NLM_F_DUMP) != NLM_F_DUMP) return 0;

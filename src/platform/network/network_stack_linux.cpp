@@ -66,6 +66,7 @@ class NetworkStack::System {
   System() : firstCounts_(ListFirstCounts(kernel_)) {}
 
   Route RouteTo(std::uint32_t address, const std::vector<DeviceAddress>& devices) {
+    if (address == INADDR_ANY) return {Route::Kind::Reserved, 0, 0};  // the kernel says "own"
     std::string answer;
     const auto take = [&](unsigned int /*type*/, std::string_view body) { answer = body; };
     if (kernel_.Get(RTM_GETROUTE, RouteRequest(address), take) != 0) return {};

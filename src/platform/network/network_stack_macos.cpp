@@ -104,6 +104,7 @@ class NetworkStack::System {
 
   Route RouteTo(std::uint32_t address) const {
     constexpr std::uint32_t Loopback = 127;
+    if (address == INADDR_ANY) return {Route::Kind::Reserved, 0, 0};
     if (address >> 24U == Loopback) return {Route::Kind::Own, 0, 0};
     const DeviceAddress* on = nullptr;
     for (const DeviceAddress& device : devices_) {
