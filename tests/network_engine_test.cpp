@@ -118,7 +118,7 @@ TEST(HostSearch, FindsHostsByArp) {
        {Sent(0, "probed"), Seen(20, Incomplete, 1, "asking", 1), Seen(200, Failed, 150, "absent")}},
       {"thrown away after the last request",
        {Sent(0, "probed"), Seen(2010, Incomplete, 1, "asking last", 3), Missed(2100, "asking last"),
-        Missed(2160, "absent")}},
+        Missed(2110, "asking last"), Missed(2120, "asking last"), Missed(2160, "absent")}},
       {"host's own request",
        {Sent(0, "probed"), Seen(20, Incomplete, 1, "asking", 1), Seen(40, Stale, 30, "up")}},
       {"no entry",

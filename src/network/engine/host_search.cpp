@@ -135,10 +135,11 @@ void HostSearch::SeeUnconfirmed(const Neighbour& entry, Clock::time_point now) {
 }
 
 void HostSearch::SeeNothing(Clock::time_point now) {
-  // A failed entry can be thrown away at once.
-  const bool isOver = state_ == State::AskingLast && now - lastRequest_ >= AnswerTime;
-  if (isOver) EndSilence();
-  if (isOver || ++misses_ < Misses) return;
+  if (state_ == State::AskingLast) {  // a failed entry can be thrown away at once
+    if (now - lastRequest_ >= AnswerTime) EndSilence();
+    return;
+  }
+  if (++misses_ < Misses) return;
   if (isHeard_) {
     state_ = State::Up;
   } else if (wasMissed_) {
