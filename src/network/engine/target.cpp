@@ -132,7 +132,7 @@ TroubleSet Target::Troubles() const {
 
 std::string Target::WayInWords() const {
   if (way_.Gateway != 0) return "the gateway " + FormatAddress(way_.Gateway);
-  return NetworkStack::NameOf(way_.Device);
+  return DeviceName(way_.Device);
 }
 
 }  // namespace hostsweep

@@ -53,7 +53,7 @@ class ReachFinder {
   void Add(const Network& network) {
     const Ways ways = WaysTo(network);
     std::string down;
-    if (!ways.LeadToHosts && ways.DeviceDown != 0) down = NetworkStack::NameOf(ways.DeviceDown);
+    if (!ways.LeadToHosts && ways.DeviceDown != 0) down = DeviceName(ways.DeviceDown);
     if (!ways.LeadToHosts || ways.LeadBeyond) down = down.empty() ? DeviceOff(network) : down;
     if (!down.empty()) {
       if (reach_.Down.empty()) reach_.DeviceThatIsDown = down;

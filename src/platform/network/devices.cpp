@@ -1,6 +1,9 @@
 #include "platform/network/devices.h"
 
+#include <net/if.h>
+
 #include <algorithm>
+#include <array>
 
 namespace hostsweep {
 namespace {
@@ -11,6 +14,12 @@ std::uint32_t HostBits(const DeviceAddress& device) {
 }
 
 }  // namespace
+
+std::string DeviceName(int index) {
+  std::array<char, IF_NAMESIZE> name{};
+  const bool isThere = if_indextoname(static_cast<unsigned int>(index), name.data()) != nullptr;
+  return isThere ? name.data() : "?";
+}
 
 bool IsInNetwork(const DeviceAddress& device, std::uint32_t address) {
   return ((address ^ device.Network) & ~HostBits(device)) == 0;

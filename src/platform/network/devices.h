@@ -24,6 +24,9 @@ struct DeviceAddress {
 // All of them, in the system's order. Throws `std::system_error` if they cannot be listed.
 std::vector<DeviceAddress> DeviceAddresses();
 
+// The name of the device with this number of the system's; "?" if there is none.
+std::string DeviceName(int index);
+
 // True if the address is in the network that this one puts its device on.
 bool IsInNetwork(const DeviceAddress& device, std::uint32_t address);
 

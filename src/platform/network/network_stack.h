@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "platform/network/devices.h"
@@ -52,9 +51,6 @@ class NetworkStack {
 
   // The ARP cache as it is now, the time of which is given.
   NeighbourTable Neighbours(Clock::time_point now);
-
-  // The name of the device; "?" if there is none of this number.
-  static std::string NameOf(int device);
 
  private:
   class System;

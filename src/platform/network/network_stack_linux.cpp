@@ -6,7 +6,6 @@
 #include <sys/socket.h>
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <optional>
 #include <system_error>
@@ -182,11 +181,5 @@ Route NetworkStack::RouteTo(std::uint32_t address) { return system_->RouteTo(add
 LinkState NetworkStack::LinkOf(int device) { return system_->LinkOf(device); }
 
 NeighbourTable NetworkStack::Neighbours(Clock::time_point now) { return system_->Neighbours(now); }
-
-std::string NetworkStack::NameOf(int device) {
-  std::array<char, IF_NAMESIZE> name{};
-  return if_indextoname(static_cast<unsigned int>(device), name.data()) == nullptr ? "?"
-                                                                                   : name.data();
-}
 
 }  // namespace hostsweep

@@ -160,10 +160,4 @@ LinkState NetworkStack::LinkOf(int device) { return system_->LinkOf(device); }
 
 NeighbourTable NetworkStack::Neighbours(Clock::time_point now) { return System::Neighbours(now); }
 
-std::string NetworkStack::NameOf(int device) {
-  std::array<char, IF_NAMESIZE> name{};
-  return if_indextoname(static_cast<unsigned int>(device), name.data()) == nullptr ? "?"
-                                                                                   : name.data();
-}
-
 }  // namespace hostsweep
