@@ -210,6 +210,7 @@ Finding Found(std::uint32_t host, const char* name, const char* hardwareAddress)
   Finding finding;
   finding.Address = host;
   if (name != nullptr) finding.Name = name;
+  if (name != nullptr) finding.Source = NameSource::Mdns;
   finding.HardwareAddress = hardwareAddress;
   finding.Host = finding.HardwareAddress.empty() ? Presence::Absent : Presence::Up;
   return finding;
@@ -245,23 +246,25 @@ TEST(Formatter, WritesHostileNamesSafely) {
             "0.0.0.2          00-1A-2C-00-00-00  \u00C9                       =1+1\n"
             "0.0.0.255        0:1                                        ??\n");
   EXPECT_EQ(report(Format::Csv, false),
-            "address,name,hardware_address,maker,up\r\n"
+            "address,name,hardware_address,maker,up,name_source\r\n"
             "0.0.0.1,\"a,\"\"\\\x1B\u202E\xE2\x82\",00-1A-2B-3C-4D-5E,"
-            "\"Maker, \"\"of\"\" long nam\u00C9s etc.\",true\r\n"
-            "0.0.0.2,'=1+1,00-1A-2C-00-00-00,\u00C9,true\r\n0.0.0.4,,,,false\r\n"
-            "0.0.0.255,'\t\x9B,0:1,,true\r\n");
+            "\"Maker, \"\"of\"\" long nam\u00C9s etc.\",true,mdns\r\n"
+            "0.0.0.2,'=1+1,00-1A-2C-00-00-00,\u00C9,true,mdns\r\n0.0.0.4,,,,false,\r\n"
+            "0.0.0.255,'\t\x9B,0:1,,true,mdns\r\n");
   EXPECT_NE(report(Format::Csv, true).find("\n0.0.0.255,??,"), std::string::npos);
-  EXPECT_EQ(report(Format::Json, false),
-            R"({"address":"0.0.0.1","name":"a,\"\\\u001b\u202e)"
-            "\uFFFD\uFFFD"
-            R"(","hardware_address":"00-1A-2B-3C-4D-5E","maker":"Maker, \"of\" long nam)"
-            "\u00C9s etc.\",\"up\":true}\n"
-            R"({"address":"0.0.0.2","name":"=1+1","hardware_address":"00-1A-2C-00-00-00","maker":")"
-            "\u00C9\",\"up\":true}\n"
-            R"({"address":"0.0.0.4","name":null,"hardware_address":null,"maker":null,"up":false})"
-            "\n"
-            R"({"address":"0.0.0.255","name":"\u0009)"
-            "\uFFFD\",\"hardware_address\":\"0:1\",\"maker\":null,\"up\":true}\n");
+  EXPECT_EQ(
+      report(Format::Json, false),
+      R"({"address":"0.0.0.1","name":"a,\"\\\u001b\u202e)"
+      "\uFFFD\uFFFD"
+      R"(","hardware_address":"00-1A-2B-3C-4D-5E","maker":"Maker, \"of\" long nam)"
+      "\u00C9s etc.\",\"up\":true,\"name_source\":\"mdns\"}\n"
+      R"({"address":"0.0.0.2","name":"=1+1","hardware_address":"00-1A-2C-00-00-00","maker":")"
+      "\u00C9\",\"up\":true,\"name_source\":\"mdns\"}\n"
+      R"({"address":"0.0.0.4","name":null,"hardware_address":null,"maker":null,"up":false,"name_source":null})"
+      "\n"
+      R"({"address":"0.0.0.255","name":"\u0009)"
+      "\uFFFD\",\"hardware_address\":\"0:1\",\"maker\":null,\"up\":true,\"name_source\":\"mdns\"}"
+      "\n");
 }
 
 TEST(Formatter, ReportsWhatIsSelected) {
@@ -271,9 +274,9 @@ TEST(Formatter, ReportsWhatIsSelected) {
       {Format::Lines, Selection::Up, "0.0.0.32=n=02-00-00-00-00-00\n"},
       {Format::Lines, Selection::Free, "0.0.0.30==\n"},
       {Format::Csv, Selection::Free,
-       "address,name,hardware_address,maker,up\r\n0.0.0.30,,,,false\r\n"},
+       "address,name,hardware_address,maker,up,name_source\r\n0.0.0.30,,,,false,\r\n"},
       {Format::Json, Selection::Free,
-       R"({"address":"0.0.0.30","name":null,"hardware_address":null,"maker":null,"up":false})"
+       R"({"address":"0.0.0.30","name":null,"hardware_address":null,"maker":null,"up":false,"name_source":null})"
        "\n"},
       {Format::Table, Selection::Free,
        "ADDRESS          HARDWARE ADDRESS   MAKER                   NAME\n0.0.0.30\n"},

@@ -7,6 +7,21 @@ bool IsFree(const Finding& finding) {
          !finding.Name;
 }
 
+std::string_view WordFor(NameSource source) {
+  switch (source) {
+    case NameSource::Hosts:
+      return "hosts";
+    case NameSource::Dns:
+      return "dns";
+    case NameSource::Mdns:
+      return "mdns";
+    case NameSource::NetBios:
+      return "netbios";
+    default:
+      return "";
+  }
+}
+
 bool IsSelected(const Finding& finding, Selection selection) {
   if (selection == Selection::All) return true;
   return selection == Selection::Up ? finding.Host == Presence::Up : IsFree(finding);

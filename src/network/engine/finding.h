@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "network/plan/report_choices.h"
 
@@ -12,19 +13,33 @@ namespace hostsweep {
 // Whether a host is at an address.
 enum class Presence { Up, Absent, Unknown };
 
+// Who told a name. They are asked in this order, and the first that knows a name is believed.
+enum class NameSource {
+  None,    // there is no name
+  Hosts,   // /etc/hosts
+  Dns,     // the name servers
+  Mdns,    // the host itself, by multicast DNS
+  NetBios  // the host itself, by its NetBIOS node status
+};
+
 // The texts have no line feeds.
 struct Finding {
   std::uint32_t Address = 0;
-  std::optional<std::string> Name;  // from the reverse lookup; that of the root domain is empty
+  std::optional<std::string> Name;  // that of the root domain is empty
   std::string HardwareAddress;      // empty if there is none
   Presence Host = Presence::Unknown;
   bool HasTrouble = false;  // something has gone wrong, and is not known
   bool IsReserved = false;  // no host can have the address
+  NameSource Source = NameSource::None;
+  bool IsLookedUp = false;  // what /etc/hosts and the name servers say of the address is known
 };
 
 // True if a host could be given the address: there is none, it has no name, nothing has gone wrong,
 // and it is not reserved.
 bool IsFree(const Finding& finding);
+
+// The word for the source in reports: hosts, dns, mdns or netbios; empty for `None`.
+std::string_view WordFor(NameSource source);
 
 bool IsSelected(const Finding& finding, Selection selection);
 

@@ -102,6 +102,7 @@ void Target::Confirm(const Route& way, const LinkState& link, Clock::time_point 
 // A name that is the address itself counts as none, as in hostsweep.
 void Target::SetName(NameResult result) {
   isNamed_ = true;
+  hasNameTrouble_ = result.Failure.has_value();
   if (result.Failure) troubles_.Add(*result.Failure);
   const bool isAddress = result.Name && Text(*result.Name) == FormatAddress(address_);
   if (!isAddress) name_ = std::move(result.Name);
@@ -111,6 +112,8 @@ Finding Target::Result() const {
   Finding finding;
   finding.Address = address_;
   finding.Name = name_;
+  finding.Source = name_ ? NameSource::Dns : NameSource::None;
+  finding.IsLookedUp = isNamed_ && !hasNameTrouble_;
   finding.HardwareAddress = FormatHardwareAddress(hardwareAddress_);
   finding.HasTrouble = !Troubles().IsEmpty();
   finding.IsReserved = way_.Leads == Route::Kind::Reserved;

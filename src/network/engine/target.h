@@ -64,6 +64,7 @@ class Target {
   bool isConfirmed_ = false;
   bool isSkipped_ = false;
   bool isNamed_ = false;
+  bool hasNameTrouble_ = false;
   std::string hardwareAddress_;  // bytes
   std::optional<std::string> name_;
   TroubleSet troubles_;

@@ -20,14 +20,14 @@ class CsvFormatter : public Formatter {
   CsvFormatter(const Layout& layout, Makers& makers) : layout_(layout), makers_(makers) {}
 
   std::string Begin() override {
-    return std::string("address,name,hardware_address,maker,up") + LineEnd;
+    return std::string("address,name,hardware_address,maker,up,name_source") + LineEnd;
   }
 
   std::string Add(const Finding& finding) override {
     if (!IsSelected(finding, layout_.Reported)) return {};
     return FormatAddress(finding.Address) + ',' + Field(finding.Name.value_or("")) + ',' +
            Field(finding.HardwareAddress) + ',' + Field(makers_.MakerOf(finding.HardwareAddress)) +
-           ',' + Truth(finding.Host) + LineEnd;
+           ',' + Truth(finding.Host) + ',' + std::string(WordFor(finding.Source)) + LineEnd;
   }
 
  private:

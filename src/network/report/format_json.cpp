@@ -55,7 +55,8 @@ class JsonFormatter : public Formatter {
            (finding.Name ? String(*finding.Name) : "null") + R"(,"hardware_address":)" +
            StringOrNull(finding.HardwareAddress) + R"(,"maker":)" +
            StringOrNull(makers_.MakerOf(finding.HardwareAddress)) + R"(,"up":)" +
-           Truth(finding.Host) + "}\n";
+           Truth(finding.Host) + R"(,"name_source":)" +
+           StringOrNull(std::string(WordFor(finding.Source))) + "}\n";
   }
 
  private:
