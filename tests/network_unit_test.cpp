@@ -98,6 +98,8 @@ std::string Read(std::vector<std::string> arguments) {
   if (options.ReportFormat)
     text += " format " + std::to_string(static_cast<int>(*options.ReportFormat));
   if (options.IsLocal) text += " local";
+  if (!options.UsesNames) text += " unnamed";
+  if (options.ChangesFile) text += " changes " + *options.ChangesFile;
   for (const Network& network : options.Networks) text += " " + network.Name;
   return text;
 }
@@ -124,6 +126,13 @@ TEST(ReadOptions, AcceptsOptionsAnywhereAndSaysWhatIsWrong) {
       {{"--format=", "-l"}, "\"\": the format must be lines, table, csv, json or map"},
       {{"-l", "10.0.0"}, "10.0.0: a network cannot be combined with --local"},
       {{}, "a network or --local is missing"},
+      {{"10.0.0", "-n", "--changes", "-u"}, "jobs 512 unnamed changes -u 10.0.0"},
+      {{"--no", "--ch=f", "-fjson", "10.0.0"}, "jobs 512 format 3 unnamed changes f 10.0.0"},
+      {{"--changes=", "-l"}, "--changes needs the name of a file"},
+      {{"--changes", "f", "-l", "-u"}, "--changes cannot be combined with --up or --free"},
+      {{"--free", "--changes", "f", "-l"}, "--changes cannot be combined with --up or --free"},
+      {{"--changes", "f", "-l", "-ftable"},
+       "--changes cannot be combined with a format other than json"},
       {{"10.0.0", "-"}, std::string("-") + NoNetwork}};
   for (const auto& [arguments, result] : rows) {
     EXPECT_EQ(Outcome([&, &given = arguments] { return Read(given); }), result);

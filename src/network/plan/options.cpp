@@ -12,21 +12,26 @@
 namespace hostsweep {
 namespace {
 
-constexpr int NoOption = 1;        // an argument that is none
-constexpr int FreeOption = 0x100;  // has no letter
+constexpr int NoOption = 1;  // an argument that is not an option
+// Options without a letter.
+constexpr int FreeOption = 0x100;
+constexpr int ChangesOption = 0x101;
 
 // In this order, and with a last element of zeros, as getopt_long(3) wants them.
-constexpr std::array<option, 8> LongOptions = {{{"up", no_argument, nullptr, 'u'},
-                                                {"free", no_argument, nullptr, FreeOption},
-                                                {"format", required_argument, nullptr, 'f'},
-                                                {"jobs", required_argument, nullptr, 'j'},
-                                                {"local", no_argument, nullptr, 'l'},
-                                                {"help", no_argument, nullptr, 'h'},
-                                                {"version", no_argument, nullptr, 'V'},
-                                                {nullptr, 0, nullptr, 0}}};
+constexpr std::array<option, 10> LongOptions = {
+    {{"up", no_argument, nullptr, 'u'},
+     {"free", no_argument, nullptr, FreeOption},
+     {"format", required_argument, nullptr, 'f'},
+     {"jobs", required_argument, nullptr, 'j'},
+     {"local", no_argument, nullptr, 'l'},
+     {"no-names", no_argument, nullptr, 'n'},
+     {"changes", required_argument, nullptr, ChangesOption},
+     {"help", no_argument, nullptr, 'h'},
+     {"version", no_argument, nullptr, 'V'},
+     {nullptr, 0, nullptr, 0}}};
 
-// "-": arguments that are no options are returned where they stand. ":": nothing is printed.
-constexpr const char* ShortOptions = "-:uf:j:lhV";
+// "-": arguments that are not options are returned where they stand. ":": nothing is printed.
+constexpr const char* ShortOptions = "-:uf:j:lnhV";
 
 // How many long options the name can mean: one if it is the whole name of one.
 int CountMeanings(std::string_view name) {
@@ -70,6 +75,11 @@ std::uint32_t ReadJobs(const std::string& value) {
   throw UsageError(value, "the number of jobs must be from 1 to 1024");
 }
 
+std::string ReadFile(const std::string& value) {
+  if (!value.empty()) return value;
+  throw UsageError("--changes needs the name of a file");
+}
+
 void Select(Selection selection, Options& options) {
   if (options.Reported != Selection::All && options.Reported != selection) {
     throw UsageError("--up and --free cannot be combined");
@@ -98,6 +108,12 @@ void Apply(int option, Options& options, std::vector<std::string>& networks) {
     case 'l':
       options.IsLocal = true;
       return;
+    case 'n':
+      options.UsesNames = false;
+      return;
+    case ChangesOption:
+      options.ChangesFile = ReadFile(optarg);
+      return;
     case 'h':
       options.Wanted = Task::PrintHelp;
       return;
@@ -105,6 +121,16 @@ void Apply(int option, Options& options, std::vector<std::string>& networks) {
       options.Wanted = Task::PrintVersion;
       return;
   }
+}
+
+// What has changed is told of all hosts, in its own form or as objects.
+void CheckChanges(const Options& options) {
+  if (!options.ChangesFile) return;
+  if (options.Reported != Selection::All) {
+    throw UsageError("--changes cannot be combined with --up or --free");
+  }
+  if (options.ReportFormat.value_or(Format::Json) == Format::Json) return;
+  throw UsageError("--changes cannot be combined with a format other than json");
 }
 
 void ReadNetworks(const std::vector<std::string>& networks, Options& options) {
@@ -137,14 +163,12 @@ Options ReadOptions(int argumentCount, char** arguments) {
   if (options.Wanted != Task::Sweep) return options;
   networks.insert(networks.end(), arguments + std::min(optind, argumentCount),
                   arguments + argumentCount);
+  CheckChanges(options);
   ReadNetworks(networks, options);
   return options;
 }
 
-std::string UsageLine() {
-  return "usage: hostsweep-network [--up | --free] [--format FORMAT] [--jobs COUNT] "
-         "{NETWORK... | --local}";
-}
+std::string UsageLine() { return "usage: hostsweep-network [OPTION...] [NETWORK...]"; }
 
 std::string HelpText() {
   return UsageLine() + R"(
@@ -169,6 +193,10 @@ NETWORK is one of:
          std::to_string(MaximalJobs) + R"(;
                        default: )" +
          std::to_string(DefaultJobs) + R"(
+  -n, --no-names       no names: nobody is asked for any
+      --changes FILE   report only what has changed since the last sweep with this
+                       FILE, and keep in it what was seen; not with --up or
+                       --free, nor with a format other than json
   -h, --help           print this help
   -V, --version        print the version
 

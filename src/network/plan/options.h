@@ -20,10 +20,13 @@ enum class Task { Sweep, PrintHelp, PrintVersion };
 struct Options {
   Task Wanted = Task::Sweep;
   Selection Reported = Selection::All;
-  std::optional<Format> ReportFormat;  // nothing: the standard output decides
-  std::uint32_t Jobs = DefaultJobs;    // addresses in work at a time, 1 to `MaximalJobs`
-  bool IsLocal = false;                // sweep the networks that this machine is on
-  std::vector<Network> Networks;       // as they were given; empty if `IsLocal`
+  std::optional<Format> ReportFormat;      // nothing: the standard output decides
+  std::uint32_t Jobs = DefaultJobs;        // addresses in work at a time, 1 to `MaximalJobs`
+  bool UsesNames = true;                   // false: nobody is asked for a name
+  std::optional<std::string> ChangesFile;  // report what differs from this file; not empty. Then
+                                           // all addresses, and the format json or none
+  bool IsLocal = false;                    // sweep the networks that this machine is on
+  std::vector<Network> Networks;           // as they were given; empty if `IsLocal`
 };
 
 // Reads the arguments, of which the first is the program's path. Options and networks may be mixed;
