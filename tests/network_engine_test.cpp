@@ -12,6 +12,7 @@
 
 #include "network/engine/address_walk.h"
 #include "network/engine/host_search.h"
+#include "network/engine/dns_message.h"
 #include "network/engine/pointer_records.h"
 #include "network/engine/troubles.h"
 #include "network/plan/address.h"

@@ -49,7 +49,7 @@ class Session {
   Session(const Options& options, const Plan& plan, NetworkStack& stack)
       : leavesOut_(plan.LeavesOut),
         total_(CountAll(plan.Networks)),
-        sweeper_(plan.Networks, options.Jobs, stack),
+        sweeper_(plan.Networks, options.Jobs, options.UsesNames, stack),
         report_(plan.Networks, FormatOf(options), LayoutOf(options)),
         progress_(ShowsProgress(), total_) {}
 

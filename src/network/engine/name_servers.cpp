@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "network/engine/dns_message.h"
 #include "network/engine/pointer_records.h"
 #include "platform/descriptor.h"
 
@@ -102,7 +103,7 @@ void NameServers::AskNext(Clock::time_point now) {
     const auto [key, address] = waiting_.front();
     waiting_.pop_front();
     if (unansweredCount_ >= MostQuestions) {
-      results_.push_back({key, {}, Trouble::NoServerReply});
+      results_.push_back({key, {}, NameSource::None, Trouble::NoServerReply});
       continue;
     }
     Question& question =
@@ -181,7 +182,8 @@ void NameServers::End(Question& question, std::optional<std::string> name,
   question.IsOver = true;
   --outCount_;
   unansweredCount_ = failure == Trouble::NoServerReply ? unansweredCount_ + 1 : 0;
-  results_.push_back({question.Key, std::move(name), failure});
+  const NameSource source = name ? NameSource::Dns : NameSource::None;
+  results_.push_back({question.Key, std::move(name), source, failure});
 }
 
 // Ends the questions whose time is over; the library gives them up later.

@@ -13,20 +13,13 @@
 #include <utility>
 #include <vector>
 
-#include "network/engine/troubles.h"
+#include "network/engine/name_result.h"
 #include "platform/clock.h"
 #include "platform/poll.h"
 
 struct ares_channeldata;
 
 namespace hostsweep {
-
-// The result of one lookup: a name, or none, or why that is not known.
-struct NameResult {
-  std::uint64_t Key = 0;            // as given to `Ask`
-  std::optional<std::string> Name;  // several, in alphabetical order, are joined by spaces
-  std::optional<Trouble> Failure;
-};
 
 // Nothing here waits: `Watch` and `NextTime` say for what to wait, before the next `Proceed`.
 //
@@ -46,7 +39,8 @@ class NameServers {
   // Does what can be done now, with those of the descriptors that are ready.
   void Proceed(const std::vector<Watched>& ready, Clock::time_point now);
 
-  // The results that have come since the last call.
+  // The results that have come since the last call. Several names of an address, in alphabetical
+  // order, are joined by spaces.
   std::vector<NameResult> TakeResults() { return std::exchange(results_, {}); }
 
   // Appends the descriptors to wait for.

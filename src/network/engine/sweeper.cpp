@@ -34,8 +34,11 @@ constexpr std::size_t MostTargets = 4096;
 
 }  // namespace
 
-Sweeper::Sweeper(const std::vector<Network>& networks, std::size_t jobs, NetworkStack& stack)
-    : jobs_(jobs), stack_(stack), walk_(networks) {}
+Sweeper::Sweeper(const std::vector<Network>& networks, std::size_t jobs, bool usesNames,
+                 NetworkStack& stack)
+    : jobs_(jobs), stack_(stack), walk_(networks) {
+  if (usesNames) names_.emplace();
+}
 
 void Sweeper::Proceed(const std::vector<Watched>& ready, Clock::time_point now, bool mayBegin) {
   links_.clear();
@@ -43,25 +46,53 @@ void Sweeper::Proceed(const std::vector<Watched>& ready, Clock::time_point now, 
   if (nextLook_ && *nextLook_ <= now) Look(now);
   while (mayBegin && CanBegin()) BeginAddress();
   SendProbes(now);
-  names_.Proceed(ready, now);
-  for (NameResult& result : names_.TakeResults()) {
+  if (names_) ProceedWithNames(ready, now);
+}
+
+void Sweeper::ProceedWithNames(const std::vector<Watched>& ready, Clock::time_point now) {
+  names_->Proceed(ready, now, IsWaiting());
+  for (NameResult& result : names_->TakeLookUps()) {
     const Key key = result.Key;
-    At(key).SetName(std::move(result));
+    At(key).SetLookUp(std::move(result));
+    Settle(key);
+  }
+  AskHosts(now);
+  for (NameResult& result : names_->TakeHostNames()) {
+    const Key key = result.Key;
+    At(key).SetHostName(std::move(result));
     Settle(key);
   }
 }
+
+// This machine, too, can be asked on the device that has the address.
+void Sweeper::AskHosts(Clock::time_point now) {
+  for (; !toAsk_.empty(); toAsk_.pop_front()) {
+    const Key key = toAsk_.front();
+    const Target& target = At(key);
+    int device = target.Way().Leads == Route::Kind::Direct ? target.Way().Device : 0;
+    if (target.Way().Leads == Route::Kind::Own) {
+      const DeviceAddress* const owner = FindOwner(stack_.Devices(), target.Address());
+      if (owner != nullptr) device = owner->Index;
+    }
+    names_->AskHost(key, target.Address(), device, now);
+  }
+}
+
+// True if some address has yet to be probed, to be heard of or to be looked up.
+bool Sweeper::IsWaiting() const { return inWork_.size() > names_->AskedCount(); }
 
 void Sweeper::Watch(std::vector<Watched>& descriptors) const {
   for (const Descriptor& socket : probes_.Sockets()) {
     descriptors.push_back({socket.Number(), true, false});
   }
-  names_.Watch(descriptors);
+  if (names_) names_->Watch(descriptors);
 }
 
 std::optional<Clock::time_point> Sweeper::NextTime(Clock::time_point now, bool mayBegin) const {
   // Findings that have been given out since `Proceed` can have made room.
   if (mayBegin && CanBegin()) return now;
-  std::optional<Clock::time_point> next = names_.NextTime(now);
+  std::optional<Clock::time_point> next;
+  if (names_) next = names_->NextTime(now, IsWaiting());
   if (nextLook_) next = std::min(next.value_or(*nextLook_), *nextLook_);
   if (!toProbe_.empty()) {
     const Clock::time_point time = std::max(nextProbe_, now + BatchTime);
@@ -89,7 +120,7 @@ void Sweeper::BeginAddress() {
   const std::uint32_t address = *walk_.Next();
   const Key key = firstKey_ + targets_.size();
   const Route way = stack_.RouteTo(address);
-  Target& target = targets_.emplace_back(address, way, LinkOf(way.Device));
+  Target& target = targets_.emplace_back(address, way, LinkOf(way.Device), names_.has_value());
   inWork_.emplace(address, key);
   if (way.Leads == Route::Kind::Own) {
     const DeviceAddress* const owner = FindOwner(stack_.Devices(), address);
@@ -98,8 +129,8 @@ void Sweeper::BeginAddress() {
   if (target.WantsProbe()) toProbe_.push_back(key);
   if (target.IsSkipped()) {
     Settle(key);
-  } else {
-    names_.Ask(key, address);
+  } else if (names_) {
+    names_->LookUp(key, address);
   }
 }
 
@@ -210,9 +241,14 @@ void Sweeper::HandleFor(Key key, const SearchEvent& event, Clock::time_point now
   Settle(key);
 }
 
-// Counts the address if its sweep has ended.
+// Has the host asked for its name if that is all that is missing, and counts the address if its
+// sweep has ended.
 void Sweeper::Settle(Key key) {
-  const Target& target = At(key);
+  Target& target = At(key);
+  if (target.WantsHostName()) {
+    target.BeginAskingHost();
+    toAsk_.push_back(key);
+  }
   if (!target.IsDone() || inWork_.erase(target.Address()) == 0) return;
   ++doneCount_;
   const TroubleSet troubles = target.Troubles();

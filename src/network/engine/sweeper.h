@@ -14,7 +14,7 @@
 
 #include "network/engine/address_walk.h"
 #include "network/engine/finding.h"
-#include "network/engine/name_servers.h"
+#include "network/engine/names.h"
 #include "network/engine/target.h"
 #include "network/engine/troubles.h"
 #include "network/plan/network.h"
@@ -29,8 +29,10 @@ namespace hostsweep {
 // name. The functions throw `std::system_error` if the system cannot be asked.
 class Sweeper {
  public:
-  // At most `jobs` addresses are in work at a time. The other objects must outlive this one.
-  Sweeper(const std::vector<Network>& networks, std::size_t jobs, NetworkStack& stack);
+  // At most `jobs` addresses are in work at a time. Without `usesNames` nobody is asked for names.
+  // The other objects must outlive this one.
+  Sweeper(const std::vector<Network>& networks, std::size_t jobs, bool usesNames,
+          NetworkStack& stack);
 
   // Does all that can be done at this time, with those of the descriptors that are ready. Begins
   // further addresses only if `mayBegin`.
@@ -66,15 +68,18 @@ class Sweeper {
   void Look(Clock::time_point now);
   void LookFor(Key key, const NeighbourTable& table, Clock::time_point now);
   void HandleFor(Key key, const SearchEvent& event, Clock::time_point now);
+  void ProceedWithNames(const std::vector<Watched>& ready, Clock::time_point now);
+  void AskHosts(Clock::time_point now);
   void Settle(Key key);
   [[nodiscard]] bool IsOwn(std::uint32_t address) const;
   [[nodiscard]] bool CanBegin() const;
+  [[nodiscard]] bool IsWaiting() const;
   const LinkState& LinkOf(int device);
 
   std::size_t jobs_;
   NetworkStack& stack_;
   AddressWalk walk_;
-  NameServers names_;
+  std::optional<Names> names_;  // nothing if nobody is asked
   ProbeSockets probes_;
 
   std::deque<Target> targets_;                     // begun and not given out
@@ -84,6 +89,7 @@ class Sweeper {
   TroubleCounts troubles_;
 
   std::deque<Key> toProbe_;
+  std::deque<Key> toAsk_;                       // hosts that are to be asked for their names
   Clock::time_point nextProbe_;                 // the pace of probes
   std::optional<Clock::time_point> fullSince_;  // no probe could be sent since then
   std::optional<Clock::time_point> nextLook_;

@@ -51,8 +51,12 @@ std::string FormatHardwareAddress(const std::string& bytes) {
 
 }  // namespace
 
-Target::Target(std::uint32_t address, const Route& way, const LinkState& link)
-    : address_(address), way_(way), changes_(link.Changes), search_(HearingOf(way)) {
+Target::Target(std::uint32_t address, const Route& way, const LinkState& link, bool wantsName)
+    : address_(address),
+      way_(way),
+      changes_(link.Changes),
+      search_(HearingOf(way)),
+      wantsName_(wantsName) {
   const bool isDown = IsDown(way, link);
   isSkipped_ = isDown || way.Leads == Route::Kind::None;
   if (isSkipped_) troubles_.Add(isDown ? Trouble::LinkDown : Trouble::NoRoute);
@@ -64,6 +68,20 @@ bool Target::WantsProbe() const {
 
 bool Target::WantsLook() const {
   return !isSkipped_ && LeadsToHosts(way_) && !WantsProbe() && !search_.IsDone();
+}
+
+bool Target::WantsHostName() const {
+  return wantsName_ && isLookedUp_ && !name_ && asking_ == Asking::NotAsked && IsUp();
+}
+
+bool Target::IsDone() const {
+  if (isSkipped_) return true;
+  return IsSearched() && (isLookedUp_ || !wantsName_) && asking_ != Asking::Asked &&
+         !WantsHostName();
+}
+
+bool Target::IsUp() const {
+  return way_.Leads == Route::Kind::Own || search_.Current() == HostSearch::State::Up;
 }
 
 bool Target::IsSearched() const {
@@ -99,28 +117,37 @@ void Target::Confirm(const Route& way, const LinkState& link, Clock::time_point 
   changes_ = link.Changes;
 }
 
+void Target::SetLookUp(NameResult result) {
+  isLookedUp_ = true;
+  hasLookUpFailed_ = result.Failure.has_value();
+  TakeName(std::move(result));
+}
+
+void Target::SetHostName(NameResult result) {
+  asking_ = Asking::Over;
+  TakeName(std::move(result));
+}
+
 // A name that is the address itself counts as none, as in hostsweep.
-void Target::SetName(NameResult result) {
-  isNamed_ = true;
-  hasNameTrouble_ = result.Failure.has_value();
+void Target::TakeName(NameResult result) {
   if (result.Failure) troubles_.Add(*result.Failure);
-  const bool isAddress = result.Name && Text(*result.Name) == FormatAddress(address_);
-  if (!isAddress) name_ = std::move(result.Name);
+  if (!result.Name || Text(*result.Name) == FormatAddress(address_)) return;
+  name_ = std::move(result.Name);
+  source_ = result.Source;
 }
 
 Finding Target::Result() const {
   Finding finding;
   finding.Address = address_;
   finding.Name = name_;
-  finding.Source = name_ ? NameSource::Dns : NameSource::None;
-  finding.IsLookedUp = isNamed_ && !hasNameTrouble_;
+  finding.Source = source_;
+  finding.IsLookedUp = isLookedUp_ && !hasLookUpFailed_;
   finding.HardwareAddress = FormatHardwareAddress(hardwareAddress_);
   finding.HasTrouble = !Troubles().IsEmpty();
   finding.IsReserved = way_.Leads == Route::Kind::Reserved;
-  const HostSearch::State state = search_.Current();
-  if (way_.Leads == Route::Kind::Own || state == HostSearch::State::Up) {
+  if (IsUp()) {
     finding.Host = Presence::Up;
-  } else if (finding.IsReserved || state == HostSearch::State::Absent) {
+  } else if (finding.IsReserved || search_.Current() == HostSearch::State::Absent) {
     finding.Host = Presence::Absent;
   }
   return finding;

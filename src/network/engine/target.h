@@ -7,7 +7,7 @@
 
 #include "network/engine/finding.h"
 #include "network/engine/host_search.h"
-#include "network/engine/name_servers.h"
+#include "network/engine/name_result.h"
 #include "network/engine/troubles.h"
 #include "platform/network/network_stack.h"
 
@@ -15,8 +15,9 @@ namespace hostsweep {
 
 class Target {
  public:
-  // `link`: that of the device that the way leads to, read before the first probe.
-  Target(std::uint32_t address, const Route& way, const LinkState& link);
+  // `link`: that of the device that the way leads to, read before the first probe. `wantsName`: a
+  // name is to be found, too.
+  Target(std::uint32_t address, const Route& way, const LinkState& link, bool wantsName);
 
   [[nodiscard]] std::uint32_t Address() const { return address_; }
   [[nodiscard]] const Route& Way() const { return way_; }
@@ -31,8 +32,11 @@ class Target {
   // True if a look into the ARP cache can tell something.
   [[nodiscard]] bool WantsLook() const;
 
+  // True if the host is to be asked for its name: it is up, and nobody else has told one.
+  [[nodiscard]] bool WantsHostName() const;
+
   // True if nothing more is to be found out.
-  [[nodiscard]] bool IsDone() const { return isSkipped_ || (IsSearched() && isNamed_); }
+  [[nodiscard]] bool IsDone() const;
 
   void Handle(const SearchEvent& event, Clock::time_point now);
 
@@ -46,7 +50,12 @@ class Target {
   // For an address of this machine itself. In bytes.
   void SetHardwareAddress(const std::string& bytes) { hardwareAddress_ = bytes; }
 
-  void SetName(NameResult result);
+  // What /etc/hosts and the name servers say of the address.
+  void SetLookUp(NameResult result);
+
+  // The host is asked from now on; what it says.
+  void BeginAskingHost() { asking_ = Asking::Asked; }
+  void SetHostName(NameResult result);
 
   [[nodiscard]] Finding Result() const;
   [[nodiscard]] TroubleSet Troubles() const;
@@ -55,7 +64,11 @@ class Target {
   [[nodiscard]] std::string WayInWords() const;
 
  private:
+  enum class Asking { NotAsked, Asked, Over };
+
   [[nodiscard]] bool IsSearched() const;
+  [[nodiscard]] bool IsUp() const;
+  void TakeName(NameResult result);
 
   std::uint32_t address_;
   Route way_;
@@ -63,10 +76,13 @@ class Target {
   HostSearch search_;
   bool isConfirmed_ = false;
   bool isSkipped_ = false;
-  bool isNamed_ = false;
-  bool hasNameTrouble_ = false;
-  std::string hardwareAddress_;  // bytes
+  bool wantsName_;
+  bool isLookedUp_ = false;  // the lookup is over
+  bool hasLookUpFailed_ = false;
+  Asking asking_ = Asking::NotAsked;  // the host
+  std::string hardwareAddress_;       // bytes
   std::optional<std::string> name_;
+  NameSource source_ = NameSource::None;
   TroubleSet troubles_;
 };
 

@@ -21,6 +21,7 @@ constexpr std::array<Words, TroubleCount> AllWords = {{
     {Trouble::ServerRefused, "the name server refused to answer",
      "ask its keeper, or name another in /etc/resolv.conf"},
     {Trouble::ServerFailed, "the name server failed", "try /usr/bin/host ADDRESS"},
+    {Trouble::HostsFile, "/etc/hosts could not be read", "check its permissions"},
     {Trouble::Lack, "descriptors or memory were lacking", "check the limits on them: ulimit -a"},
     {Trouble::Forbidden, "a firewall of this machine forbids the probe",
      "allow ICMP echo requests and UDP to port 9, and try ping ADDRESS"},

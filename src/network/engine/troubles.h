@@ -14,6 +14,7 @@ enum class Trouble : std::uint8_t {
   NoServerReply,  // no name server answered
   ServerRefused,  // a name server refused to answer
   ServerFailed,   // a name server failed, or its answer cannot be read
+  HostsFile,      // /etc/hosts cannot be read
   Lack,           // descriptors or memory are lacking
   Forbidden,      // a firewall forbids the probe
   NotSent,        // the probe could not be sent
@@ -25,7 +26,7 @@ enum class Trouble : std::uint8_t {
   LinkDown,       // the device has no link; the address was not swept
   NoRoute,        // there is no route to the address, which was not swept
 };
-constexpr std::size_t TroubleCount = 13;
+constexpr std::size_t TroubleCount = 14;
 
 // The troubles of one address, each at most once.
 class TroubleSet {

@@ -1,0 +1,172 @@
+#include "network/engine/host_names.h"
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+#include <system_error>
+
+#include "network/engine/net_bios.h"
+
+namespace hostsweep {
+namespace {
+
+using std::chrono::milliseconds;
+
+// A host that answers at all does so within a tenth of a second (RFC 6762, section 6), and a browse
+// takes up to four answers.
+constexpr milliseconds LeastTime(500);
+constexpr milliseconds MostTime(2000);
+
+// No question may be repeated sooner (RFC 6762, section 5.2).
+constexpr milliseconds RepeatTime(1000);
+
+// Questions of hosts that are found together go into one packet.
+constexpr milliseconds GatherTime(20);
+
+}  // namespace
+
+HostNames::HostNames() : identifier_(static_cast<std::uint16_t>(std::random_device()())) {}
+
+void HostNames::Ask(std::uint64_t key, std::uint32_t address, int device, Clock::time_point now) {
+  if (!Open()) {
+    results_.push_back({key, {}, NameSource::None, Trouble::Lack});
+    return;
+  }
+  asked_[address] = {key, device, {}};
+  ends_.emplace_back(now, address);
+  repeats_.emplace_back(now, address);
+  AskNow(address, device, now);
+  EndIfSure(address);
+}
+
+// Returns false if the system has no sockets to give.
+bool HostNames::Open() {
+  try {
+    if (!netBios_) netBios_.emplace();
+    if (multicast_) return true;
+    multicast_.emplace();
+  } catch (const std::system_error&) {
+    return false;
+  }
+  // From another port, hosts are asked as well, but fewer of them answer.
+  static_cast<void>(multicast_->ShareGroup(MulticastDnsGroup, MulticastDnsPort));
+  return true;
+}
+
+void HostNames::AskNow(std::uint32_t address, int device, Clock::time_point now) {
+  requests_.push_back(address);
+  if (device != 0) {
+    const auto [browse, isFirst] = browses_.emplace(device, now);
+    if (isFirst) multicast_->Join(MulticastDnsGroup, device);
+    if (isFirst || now - browse->second >= RepeatTime) {
+      browse->second = now;
+      multicastDns_.Browse(device);
+    }
+    multicastDns_.Ask(address, device);
+  }
+  if (!nextSend_) nextSend_ = now + GatherTime;
+}
+
+void HostNames::Proceed(Clock::time_point now, bool isWaiting) {
+  Receive();
+  AskAgain(now);
+  if (multicastDns_.HasNext() && !nextSend_) nextSend_ = now + GatherTime;
+  if (nextSend_ && *nextSend_ <= now) Send(now);
+  const milliseconds time = isWaiting ? MostTime : LeastTime;
+  while (!ends_.empty() && now - ends_.front().first >= time) {
+    End(ends_.front().second);
+    ends_.pop_front();
+  }
+}
+
+void HostNames::Receive() {
+  if (!multicast_) return;
+  for (const Datagram& datagram : multicast_->Receive()) {
+    // Others than the port of multicast DNS are to be ignored (RFC 6762, section 6).
+    if (datagram.Port != MulticastDnsPort) continue;
+    multicastDns_.Hear(datagram.Sender, datagram.Data);
+    EndIfSure(datagram.Sender);
+  }
+  for (const Datagram& datagram : netBios_->Receive()) {
+    const auto found = asked_.find(datagram.Sender);
+    if (found == asked_.end() || datagram.Port != NetBiosPort) continue;
+    const std::optional<std::string> name = NodeNameIn(datagram.Data, identifier_);
+    if (name) found->second.NetBiosName = name;
+  }
+}
+
+void HostNames::AskAgain(Clock::time_point now) {
+  while (!repeats_.empty() && now - repeats_.front().first >= RepeatTime) {
+    const std::uint32_t address = repeats_.front().second;
+    repeats_.pop_front();
+    const auto found = asked_.find(address);
+    if (found != asked_.end()) AskNow(address, found->second.Device, now);
+  }
+}
+
+void HostNames::Send(Clock::time_point now) {
+  nextSend_.reset();
+  if (!SendQueries() || !SendRequests()) nextSend_ = now + GatherTime;
+}
+
+// Returns false if there is something left to send later.
+bool HostNames::SendQueries() {
+  for (;;) {
+    if (!query_) query_ = multicastDns_.Next();
+    if (!query_) return true;
+    if (!multicast_->SendToGroup(query_->Message, MulticastDnsGroup, MulticastDnsPort,
+                                 query_->Device)) {
+      return false;
+    }
+    query_.reset();
+  }
+}
+
+// The same.
+bool HostNames::SendRequests() {
+  const std::string request = NodeStatusRequest(identifier_);
+  while (!requests_.empty()) {
+    const bool isOpen = asked_.contains(requests_.front());
+    if (isOpen && !netBios_->Send(request, requests_.front(), NetBiosPort)) return false;
+    requests_.pop_front();
+  }
+  return true;
+}
+
+// A pointer record is the host's own choice of a name, and nobody else's.
+void HostNames::EndIfSure(std::uint32_t address) {
+  if (asked_.contains(address) && multicastDns_.PointerName(address)) End(address);
+}
+
+void HostNames::End(std::uint32_t address) {
+  const auto found = asked_.find(address);
+  if (found == asked_.end()) return;
+  NameResult result;
+  result.Key = found->second.Key;
+  result.Name = multicastDns_.PointerName(address);
+  if (!result.Name) result.Name = multicastDns_.AddressName(address);
+  if (result.Name) result.Source = NameSource::Mdns;
+  if (!result.Name && found->second.NetBiosName) {
+    result.Name = found->second.NetBiosName;
+    result.Source = NameSource::NetBios;
+  }
+  multicastDns_.Forget(address);
+  asked_.erase(found);
+  results_.push_back(std::move(result));
+}
+
+void HostNames::Watch(std::vector<Watched>& descriptors) const {
+  for (const auto* const socket : {&multicast_, &netBios_}) {
+    if (*socket) descriptors.push_back({(*socket)->Number(), true, false});
+  }
+}
+
+std::optional<Clock::time_point> HostNames::NextTime(bool isWaiting) const {
+  std::optional<Clock::time_point> next = nextSend_;
+  const auto wakeAt = [&](Clock::time_point time) { next = std::min(next.value_or(time), time); };
+  if (!ends_.empty()) wakeAt(ends_.front().first + (isWaiting ? MostTime : LeastTime));
+  if (!repeats_.empty()) wakeAt(repeats_.front().first + RepeatTime);
+  return next;
+}
+
+}  // namespace hostsweep

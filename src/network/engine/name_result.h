@@ -1,0 +1,21 @@
+// What asking for the name of one address has brought.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "network/engine/finding.h"
+#include "network/engine/troubles.h"
+
+namespace hostsweep {
+
+// A name, or none, or why that is not known.
+struct NameResult {
+  std::uint64_t Key = 0;  // as given with the question
+  std::optional<std::string> Name;
+  NameSource Source = NameSource::None;
+  std::optional<Trouble> Failure;
+};
+
+}  // namespace hostsweep
