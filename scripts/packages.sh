@@ -17,7 +17,8 @@ if [ "$(uname)" = Darwin ]; then
 else
   to_build="c++=g++ cmake=cmake make=make pkg-config=pkg-config /usr/include/ares.h=libc-ares-dev"
   to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
-  to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace python3=python3 parallel=parallel"
+  to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace python3=python3
+    avahi-daemon=avahi-daemon nmbd=samba"
   for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
   to_bench="hyperfine=hyperfine /usr/bin/time=time nmap=nmap arp-scan=arp-scan fping=fping"
   to_release="npm=npm git=git llvm-objdump=llvm qemu-aarch64-static=qemu-user-static

@@ -12,8 +12,6 @@
 
 #include "network/engine/address_walk.h"
 #include "network/engine/host_search.h"
-#include "network/engine/dns_message.h"
-#include "network/engine/pointer_records.h"
 #include "network/engine/troubles.h"
 #include "network/plan/address.h"
 #include "network/plan/plan.h"
@@ -208,86 +206,6 @@ TEST(HostSearch, ListensBeyondARouterAndNoticesChanges) {
        {Sent(0, "probed"), Changed(100, "to probe", Hearing::Answer), Sent(110, "listening")}}};
   for (const auto& [name, hearing, steps] : rows)
     EXPECT_EQ(Follow(hearing, steps), Expected(steps)) << name;
-}
-
-// A message with one question, and a record for each part, whose name is one of its own.
-class Message {
- public:
-  explicit Message(const std::string& question)
-      : questions_(Encoded(question) + Number(12) + Number(1)) {}
-
-  Message& Add(const std::string& owner, int type, const std::string& data, int recordClass = 1) {
-    answers_ += Encoded(owner) + Number(type) + Number(recordClass) + Number(0) + Number(60) +
-                Number(static_cast<int>(data.size())) + data;
-    ++count_;
-    return *this;
-  }
-
-  [[nodiscard]] std::string Bytes() const {
-    return std::string("\x12\x34\x81\x80", 4) + Number(1) + Number(count_) + Number(0) + Number(0) +
-           questions_ + answers_;
-  }
-
-  static std::string Encoded(std::string_view name) {
-    std::string bytes;
-    while (!name.empty()) {
-      const std::size_t end = std::min(name.find('.'), name.size());
-      bytes += static_cast<char>(end) + std::string(name.substr(0, end));
-      name.remove_prefix(std::min(end + 1, name.size()));
-    }
-    return bytes + '\0';
-  }
-
- private:
-  static std::string Number(int number) {
-    return {static_cast<char>(number >> 8), static_cast<char>(number)};
-  }
-
-  std::string questions_;
-  std::string answers_;
-  int count_ = 0;
-};
-
-std::string NamesIn(const std::string& message, const std::string& name) {
-  const auto names = PointerNamesIn(message, name);
-  if (!names) return "unreadable";
-  std::string text;
-  for (const std::string& one : *names) text += one + "|";
-  return text;
-}
-
-TEST(PointerNamesIn, TakesOnlyTheNamesOfTheQuestion) {
-  const std::string name = ReverseName(0x0A320007);
-  ASSERT_EQ(name, "7.0.50.10.in-addr.arpa");
-  constexpr int Alias = 5;
-  constexpr int Pointer = 12;
-  constexpr int Address = 1;
-  const auto target = [](const std::string& text) { return Message::Encoded(text); };
-  const std::pair<std::string, Message> rows[] = {
-      {"", Message(name)},
-      {"nas.lan|", Message(name).Add("7.0.50.10.IN-ADDR.arpa", Pointer, target("nas.lan"))},
-      {"a|b|", Message(name)
-                   .Add(name, Pointer, target("b"))
-                   .Add(name, Pointer, target("a"))
-                   .Add(name, Pointer, target("b"))},
-      {"|", Message(name).Add(name, Pointer, target(""))},
-      {"x\\032\\255\\.\\\\y.lan|",
-       Message(name).Add(name, Pointer, std::string("\x06x \xFF.\\y\x03lan\0", 12))},
-      {"", Message(name).Add(name, Pointer, "\xC0\xFF")},
-      {"", Message(name).Add("8.0.50.10.in-addr.arpa", Pointer, target("other"))},
-      {"", Message(name).Add(name, Address, "\x0A\x32\x00\x07")},
-      {"", Message(name).Add(name, Pointer, target("chaos"), 3)},
-      {"nas|", Message(name)
-                   .Add("7.x", Pointer, target("nas"))
-                   .Add("7.Y", Alias, target("7.x"))
-                   .Add(name, Alias, target("7.y"))},
-      {"", Message(name).Add(name, Alias, target("a")).Add("a", Alias, target(name))},
-      {"", Message(name).Add(name, Alias, target("7.x")).Add("7.z", Pointer, target("other"))}};
-  for (const auto& [names, message] : rows) EXPECT_EQ(NamesIn(message.Bytes(), name), names);
-  const std::string whole = Message(name).Add(name, Pointer, target("nas.lan")).Bytes();
-  for (std::size_t size = 0; size < whole.size(); ++size) {
-    EXPECT_EQ(NamesIn(whole.substr(0, size), name), "unreadable") << size;
-  }
 }
 
 TEST(TroubleCounts, SaysHowManyAndGivesTheLowestAsAnExample) {

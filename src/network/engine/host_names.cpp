@@ -41,15 +41,16 @@ void HostNames::Ask(std::uint64_t key, std::uint32_t address, int device, Clock:
 
 // Returns false if the system has no sockets to give.
 bool HostNames::Open() {
+  if (anyPort_) return true;
   try {
-    if (!netBios_) netBios_.emplace();
-    if (multicast_) return true;
-    multicast_.emplace();
+    DatagramSocket ownPort;
+    anyPort_.emplace();
+    if (ownPort.ShareGroup(MulticastDnsGroup, MulticastDnsPort)) {
+      ownPort_.emplace(std::move(ownPort));
+    }
   } catch (const std::system_error&) {
     return false;
   }
-  // From another port, hosts are asked as well, but fewer of them answer.
-  static_cast<void>(multicast_->ShareGroup(MulticastDnsGroup, MulticastDnsPort));
   return true;
 }
 
@@ -57,7 +58,7 @@ void HostNames::AskNow(std::uint32_t address, int device, Clock::time_point now)
   requests_.push_back(address);
   if (device != 0) {
     const auto [browse, isFirst] = browses_.emplace(device, now);
-    if (isFirst) multicast_->Join(MulticastDnsGroup, device);
+    if (isFirst && ownPort_) ownPort_->Join(MulticastDnsGroup, device);
     if (isFirst || now - browse->second >= RepeatTime) {
       browse->second = now;
       multicastDns_.Browse(device);
@@ -80,19 +81,26 @@ void HostNames::Proceed(Clock::time_point now, bool isWaiting) {
 }
 
 void HostNames::Receive() {
-  if (!multicast_) return;
-  for (const Datagram& datagram : multicast_->Receive()) {
-    // Others than the port of multicast DNS are to be ignored (RFC 6762, section 6).
-    if (datagram.Port != MulticastDnsPort) continue;
-    multicastDns_.Hear(datagram.Sender, datagram.Data);
-    EndIfSure(datagram.Sender);
+  for (const auto* const socket : {&ownPort_, &anyPort_}) {
+    if (!*socket) continue;
+    for (const Datagram& datagram : (*socket)->Receive()) {
+      // Answers from other ports are to be ignored (RFC 6762, section 6).
+      if (datagram.Port == MulticastDnsPort) ReceiveMulticastDns(datagram);
+      if (datagram.Port == NetBiosPort) ReceiveNetBios(datagram);
+    }
   }
-  for (const Datagram& datagram : netBios_->Receive()) {
-    const auto found = asked_.find(datagram.Sender);
-    if (found == asked_.end() || datagram.Port != NetBiosPort) continue;
-    const std::optional<std::string> name = NodeNameIn(datagram.Data, identifier_);
-    if (name) found->second.NetBiosName = name;
-  }
+}
+
+void HostNames::ReceiveMulticastDns(const Datagram& datagram) {
+  multicastDns_.Hear(datagram.Sender, datagram.Data);
+  EndIfSure(datagram.Sender);
+}
+
+void HostNames::ReceiveNetBios(const Datagram& datagram) {
+  const auto found = asked_.find(datagram.Sender);
+  if (found == asked_.end()) return;
+  const std::optional<std::string> name = NodeNameIn(datagram.Data, identifier_);
+  if (name) found->second.NetBiosName = name;
 }
 
 void HostNames::AskAgain(Clock::time_point now) {
@@ -114,9 +122,10 @@ bool HostNames::SendQueries() {
   for (;;) {
     if (!query_) query_ = multicastDns_.Next();
     if (!query_) return true;
-    if (!multicast_->SendToGroup(query_->Message, MulticastDnsGroup, MulticastDnsPort,
-                                 query_->Device)) {
-      return false;
+    for (const auto* const socket : {&ownPort_, &anyPort_}) {
+      const bool isSent = !*socket || (*socket)->SendToGroup(query_->Message, MulticastDnsGroup,
+                                                             MulticastDnsPort, query_->Device);
+      if (!isSent) return false;
     }
     query_.reset();
   }
@@ -127,7 +136,7 @@ bool HostNames::SendRequests() {
   const std::string request = NodeStatusRequest(identifier_);
   while (!requests_.empty()) {
     const bool isOpen = asked_.contains(requests_.front());
-    if (isOpen && !netBios_->Send(request, requests_.front(), NetBiosPort)) return false;
+    if (isOpen && !anyPort_->Send(request, requests_.front(), NetBiosPort)) return false;
     requests_.pop_front();
   }
   return true;
@@ -156,7 +165,7 @@ void HostNames::End(std::uint32_t address) {
 }
 
 void HostNames::Watch(std::vector<Watched>& descriptors) const {
-  for (const auto* const socket : {&multicast_, &netBios_}) {
+  for (const auto* const socket : {&ownPort_, &anyPort_}) {
     if (*socket) descriptors.push_back({(*socket)->Number(), true, false});
   }
 }

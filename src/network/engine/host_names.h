@@ -56,6 +56,8 @@ class HostNames {
   bool Open();
   void AskNow(std::uint32_t address, int device, Clock::time_point now);
   void Receive();
+  void ReceiveMulticastDns(const Datagram& datagram);
+  void ReceiveNetBios(const Datagram& datagram);
   void AskAgain(Clock::time_point now);
   void Send(Clock::time_point now);
   bool SendQueries();
@@ -64,8 +66,11 @@ class HostNames {
   void End(std::uint32_t address);
 
   std::uint16_t identifier_;  // of NetBIOS requests
-  std::optional<DatagramSocket> multicast_;
-  std::optional<DatagramSocket> netBios_;
+  // Multicast DNS asks from its own port, as some hosts answer nobody else, and from another port,
+  // too: an answer to that comes to it alone, also from hosts that have just told everybody
+  // (RFC 6762, sections 6 and 6.7).
+  std::optional<DatagramSocket> ownPort_;  // nothing if it cannot be had
+  std::optional<DatagramSocket> anyPort_;  // nothing before the first question
   MulticastDns multicastDns_;
   std::optional<MulticastDns::Query> query_;  // taken, and not sent yet
   std::map<int, Clock::time_point> browses_;  // the last on each device that is joined
