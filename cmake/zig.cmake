@@ -17,6 +17,9 @@ set(CMAKE_C_FLAGS_INIT -Wno-nullability-completeness)
 set(CMAKE_CXX_FLAGS_INIT -Wno-nullability-completeness)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -s) # no symbols and debug information, which name directories
 # Zig is the archiver too, by a word of its own that CMAKE_AR has no room for.
-set(CMAKE_C_ARCHIVE_CREATE "\"${ZIG}\" ar qc <TARGET> <LINK_FLAGS> <OBJECTS>")
-set(CMAKE_C_ARCHIVE_APPEND "\"${ZIG}\" ar q <TARGET> <LINK_FLAGS> <OBJECTS>")
-set(CMAKE_C_ARCHIVE_FINISH "\"${ZIG}\" ranlib <TARGET>")
+foreach(word IN ITEMS ar ranlib)
+  string(TOUPPER "${word}" variable)
+  set(CMAKE_${variable} "${CMAKE_BINARY_DIR}/zig-${word}")
+  file(WRITE "${CMAKE_${variable}}" "#!/bin/sh\nexec '${ZIG}' ${word} \"$@\"\n")
+  file(CHMOD "${CMAKE_${variable}}" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+endforeach()

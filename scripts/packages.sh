@@ -7,7 +7,8 @@ PATH=$PATH:/usr/sbin:/sbin # where an ordinary user's path does not lead
 # Each entry is what shows that a package is installed (a command, a file, or "dpkg/" and its name),
 # "=", and the package.
 if [ "$(uname)" = Darwin ]; then
-  to_build="cmake=cmake pkg-config=pkgconf $(brew --prefix 2>/dev/null || :)/include/ares.h=c-ares"
+  to_build="cmake=cmake pkg-config=pkgconf $(brew --prefix 2>/dev/null || :)/include/ares.h=c-ares
+    $(brew --prefix 2>/dev/null || :)/include/nlohmann/json.hpp=nlohmann-json"
   to_sweep=""
   to_test="$(brew --prefix 2>/dev/null || :)/include/gtest/gtest.h=googletest"
   for_lab=""
@@ -15,7 +16,8 @@ if [ "$(uname)" = Darwin ]; then
   to_gate=""
   to_bench=""
 else
-  to_build="c++=g++ cmake=cmake make=make pkg-config=pkg-config /usr/include/ares.h=libc-ares-dev"
+  to_build="c++=g++ cmake=cmake make=make pkg-config=pkg-config /usr/include/ares.h=libc-ares-dev
+    /usr/include/nlohmann/json.hpp=nlohmann-json3-dev"
   to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
   to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace python3=python3
     avahi-daemon=avahi-daemon nmbd=samba"

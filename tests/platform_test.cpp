@@ -13,6 +13,7 @@
 #include "platform/clock.h"
 #include "platform/console.h"
 #include "platform/environment.h"
+#include "platform/installed_path.h"
 #include "platform/process.h"
 #include "platform/search_path.h"
 #include "platform/shell.h"
@@ -203,6 +204,9 @@ TEST_F(SearchPaths, ToolsComeOnceBeforeTheSystemsDirectoriesAndMissingOnesLast) 
 }
 
 TEST_F(SearchPaths, ToolsAreBesideTheProgramsDirectory) {
+  EXPECT_EQ(InstalledPath("/usr/local/bin/x", "../../lib/h"), "/usr/lib/h");
+  EXPECT_EQ(InstalledPath("/x", "h"), "/h");
+  EXPECT_EQ(InstalledPath("", "h"), "");
   EXPECT_EQ(ToolsDirectory("tree/bin/x"), "tree/libexec/hostsweep");
   for (const char* program : {"a:b/bin/x", "file/bin/x", "none/bin/x", ""})
     EXPECT_EQ(ToolsDirectory(program), "") << program;

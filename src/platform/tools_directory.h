@@ -5,9 +5,10 @@
 
 namespace hostsweep {
 
-// `../libexec/hostsweep`, seen from the directory of the program at this path, so that an installed
-// tree can be moved. Empty if there is no such directory, if `programPath` is empty, or if the
-// directory's path contains a ":", which a search path cannot hold.
+// Seen from the directory of the program at this path: the directory in which the tools are
+// installed, or `../libexec/hostsweep`, as in the build directory. Empty if neither is there, if
+// `programPath` is empty, or if the directory's path contains a ":", which a search path cannot
+// hold.
 std::string ToolsDirectory(const std::string& programPath);
 
 }  // namespace hostsweep
