@@ -25,7 +25,7 @@ else
   to_bench="hyperfine=hyperfine /usr/bin/time=time nmap=nmap arp-scan=arp-scan fping=fping"
   to_release="npm=npm git=git llvm-objdump=llvm qemu-aarch64-static=qemu-user-static
     x86_64-linux-gnu-g++=g++ aarch64-linux-gnu-g++=g++-aarch64-linux-gnu
-    arm-linux-gnueabihf-g++=g++-arm-linux-gnueabihf dpkg-source=dpkg-dev
+    arm-linux-gnueabihf-g++=g++-arm-linux-gnueabihf dpkg-source=dpkg-dev rpmbuild=rpm
     /etc/ssl/certs/ca-certificates.crt=ca-certificates"
   for_fresh="debootstrap=debootstrap unshare=util-linux
     /usr/share/keyrings/debian-archive-keyring.gpg=debian-archive-keyring"
