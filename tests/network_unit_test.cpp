@@ -1,13 +1,17 @@
 // src/network/plan and report: arguments, networks, formats and makers.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdint>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -177,7 +181,12 @@ class Lists {
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
   }
-  [[nodiscard]] Makers Open() const { return Makers(root_); }
+  void Date(const std::string& path, std::time_t time) const {
+    const timespec both[] = {{time, 0}, {time, 0}};
+    EXPECT_EQ(utimensat(AT_FDCWD, (root_ + path).c_str(), both, 0), 0);
+  }
+  [[nodiscard]] const std::string& Root() const { return root_; }
+  [[nodiscard]] Makers Open() const { return {root_, root_ + "/own"}; }
 
  private:
   std::string root_ = testing::TempDir() + "hostsweep.XXXXXX";
@@ -196,22 +205,77 @@ TEST(Makers, TakesTheSmallestBlockOfTheFirstList) {
       "00-1A-2D-12-40-00", "00-1A-2E-00-00-00", "02-1A-2B-3C-4D-5E"};
   EXPECT_EQ(makers(addresses), "||||||(locally administered)|");
   lists.Write("/opt/homebrew/share/nmap/nmap-mac-prefixes",
-              "# 24\n001A2D123 N 36\r\n001A2CD N 28\n001A2B N\n");
+              "# 24\n001A2D123 N 36\r\n001A2CD\tN 28\n001A2B N\n");
   EXPECT_EQ(makers(addresses), "N|N 28||N 36|||(locally administered)|");
   lists.Write("/usr/share/hwdata/oui.txt", "OUI (x)\n001A2E     (base 16)\t\tH\n");
   EXPECT_EQ(makers(addresses), "|||||H|(locally administered)|");
   lists.Write("/usr/share/ieee-data/oui36.txt",
               "00-1A-2D   (hex)\t\tI 36\r\n123000-123FFF     (base 16)\t\tI 36\r\n");
+  lists.Write(
+      "/usr/share/ieee-data/iab.txt",
+      "00-1A-2D           (hex)      A 36     \n124000-124FFF      (base 16)  \u00C9t\u00E9");
   lists.Write("/usr/share/ieee-data/mam.txt",
               "00-1A-2C   (hex)\t\tI 28\r\nD00000-DFFFFF     (base 16)\t\tI 28\r\n");
   lists.Write("/usr/share/ieee-data/oui.txt",
               "00-1A-2B   (hex)\t\tI (x)\r\n001A2B     (base 16)\t\tI (x) \r\n\r\n" +
                   std::string(600, 'x') + "\r\n001A2C     (base 16)\t\tIEEE\r\n" +
-                  "001A2C     (base 16)\t\tAgain\r\n001A2D     (base 16)\t\t\u00C9t\u00E9");
+                  "001A2C     (base 16)\t\tAgain");
   EXPECT_EQ(makers(addresses), "I (x)|I 28|IEEE|I 36|\u00C9t\u00E9||(locally administered)|");
   EXPECT_EQ(makers({"", "00-1A-2B-3C-4D", "00:1A:2B:3C:4D:5E", "00-1A-2B-3C-4D-5G",
                     "00-1A-2B-3C-4D-5E-6F"}),
             "|||||");
+  EXPECT_EQ(
+      makers({"52-54-00-12-34-56", "52-54-01-12-34-56", "0A-00-27-00-00-00", "FA-16-3E-12-34-56",
+              "02-42-AC-11-00-02", "0A-58-0A-F4-00-05", "02-00-C6-12-00-01"}),
+      "(virtual machine)|(locally administered)|(virtual machine)|(virtual machine)|"
+      "(container)|(container)|(locally administered)|");
+}
+
+TEST(Makers, ReadsItsOwnListUnlessAnotherIsNewer) {
+  constexpr std::time_t Midnight = 1'782'432'000;  // 2026-06-26 in UTC
+  const char* const ieee = "/usr/share/ieee-data/oui.txt";
+  const char* const nmap = "/usr/share/nmap/nmap-mac-prefixes";
+  const Lists lists;
+  const auto used = [&] {
+    Makers makers = lists.Open();
+    std::string source = makers.Source();
+    if (source != "none") source.erase(0, lists.Root().size());
+    return source + " " + makers.MakerOf("00-1A-2B-3C-4D-5E");
+  };
+  EXPECT_EQ(used(), "none ");
+  lists.Write(nmap, "001A2B N\n");
+  lists.Date(nmap, Midnight - 1);
+  EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-25 N");
+  lists.Write("/own", "# 2026-06-25 blocks\n001A2B O\n");
+  EXPECT_EQ(used(), "/own, 2026-06-25 O");
+  lists.Date(nmap, Midnight);
+  EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");
+  lists.Write(ieee, "001A2B     (base 16)\t\tI\r\n");
+  lists.Date(ieee, Midnight - 1);
+  EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");
+  lists.Date(ieee, Midnight);
+  EXPECT_EQ(used(), "/usr/share/ieee-data, 2026-06-26 I");
+  lists.Write(ieee, "no blocks\n");
+  EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");
+  lists.Write("/own", "001A2B O\n");  // without a date it is older than any other
+  EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");
+}
+
+TEST(Makers, DoesNotTakeAnUnreadableListForAnEmptyOne) {
+  for (const std::string path :
+       {"/own", "/usr/share/ieee-data/oui.txt", "/usr/share/nmap/nmap-mac-prefixes"}) {
+    const Lists lists;
+    lists.Write(path + "/a file in its place", "");
+    Makers makers = lists.Open();
+    for (int i = 0; i < 2; ++i) {
+      try {
+        ADD_FAILURE() << path << ": " << makers.MakerOf("00-1A-2B-3C-4D-5E");
+      } catch (const std::system_error& error) {
+        EXPECT_EQ(error.what(), lists.Root() + path + ": Is a directory");
+      }
+    }
+    EXPECT_EQ(makers.MakerOf("02-1A-2B-3C-4D-5E"), "(locally administered)");
+  }
 }
 
 // An address without a name if that is null; a host is up where there is a hardware address.

@@ -12,10 +12,12 @@
 #include "network/plan/plan.h"
 #include "network/plan/usage_error.h"
 #include "network/remark.h"
+#include "network/report/makers.h"
 #include "network/session.h"
 #include "platform/console.h"
 #include "platform/network/network_stack.h"
 #include "platform/process.h"
+#include "platform/text/printable.h"
 
 namespace hostsweep {
 namespace {
@@ -54,7 +56,8 @@ int Run(int argumentCount, char** arguments, bool ignoresBrokenPipes) {
     case Task::PrintHelp:
       return Show(HelpText());
     case Task::PrintVersion:
-      return Show(std::string("hostsweep-network ") + ShortVersion + "\n");
+      Show(std::string("hostsweep-network ") + ShortVersion + "\n");
+      return Show("makers: " + Printable(Makers().Source()) + "\n");
     default:
       return Sweep(options, ignoresBrokenPipes);
   }

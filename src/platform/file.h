@@ -15,6 +15,11 @@ using FileId = std::pair<dev_t, ino_t>;
 // That of this path, with all links followed; nothing if it leads to nothing.
 std::optional<FileId> IdentifyFile(const std::string& path);
 
+// The day, in UTC, on which the content of what this path leads to was last changed, like
+// 2026-06-26; empty if it leads to nothing. Throws `std::system_error`, which names the path, if
+// that cannot be told.
+std::string ModificationDay(const std::string& path);
+
 // True if the path leads to a regular file that this process may execute.
 bool IsProgram(const std::string& path);
 

@@ -2,9 +2,18 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <system_error>
+
+#include "platform/file.h"
+#include "platform/install_layout.h"
+#include "platform/installed_path.h"
+#include "platform/program_path.h"
+#include "platform/text/printable.h"
+#include "platform/text/text_operations.h"
 
 namespace hostsweep {
 namespace {
@@ -15,18 +24,24 @@ struct Closer {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-// Reads a file line by line, in large chunks: the standard library's are small in some systems.
+// Reads a file line by line, in large chunks: the standard library's are small in some systems. A
+// file that is not there has no lines. Throws `std::system_error`, which names the file, if it
+// cannot be read.
 class LineReader {
  public:
-  explicit LineReader(const std::string& path) : file_(std::fopen(path.c_str(), "r")) {
-    if (file_) std::setvbuf(file_.get(), chunk_.data(), _IOFBF, chunk_.size());
+  explicit LineReader(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "r")) {
+    if (file_) {
+      std::setvbuf(file_.get(), chunk_.data(), _IOFBF, chunk_.size());
+    } else if (errno != ENOENT && errno != ENOTDIR) {
+      Throw();
+    }
   }
-
-  [[nodiscard]] bool IsOpen() const { return file_ != nullptr; }
 
   // The next line; false at the end. A line that is too long to be one of a list comes in parts.
   bool Next(std::string_view& line) {
+    if (!file_) return false;
     if (std::fgets(line_.data(), static_cast<int>(line_.size()), file_.get()) == nullptr) {
+      if (std::ferror(file_.get()) != 0) Throw();
       return false;
     }
     line = line_.data();
@@ -34,20 +49,18 @@ class LineReader {
   }
 
  private:
+  [[noreturn]] void Throw() const {
+    throw std::system_error(errno, std::generic_category(), Printable(path_));
+  }
+
+  std::string path_;
   std::array<char, 512> line_ = {};
   std::vector<char> chunk_ = std::vector<char>(65536);
   std::unique_ptr<std::FILE, Closer> file_;  // after its buffer, so that it is closed before
 };
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr const char* WhiteSpace = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(WhiteSpace);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(WhiteSpace) - first + 1);
-}
-
-// The number that the hexadecimal digits are; nothing if any of them is none. Letters are upper
-// case.
+// The number that the hexadecimal digits are; nothing if any character is not a digit. Letters are
+// upper case.
 std::optional<std::uint64_t> ParseDigits(std::string_view digits) {
   constexpr std::string_view Digits = "0123456789ABCDEF";
   std::uint64_t number = 0;
@@ -84,14 +97,63 @@ std::string_view CommonDigits(std::string_view range) {
   return range.substr(0, count);
 }
 
+// What uses this address, whose bit is set that says that it was administered locally.
+std::string UserOf(std::uint64_t address) {
+  struct Block {
+    std::uint64_t Prefix;
+    unsigned Digits;
+    const char* User;
+  };
+  constexpr std::array<Block, 5> Blocks = {{
+      {0x52'54'00, 6, "(virtual machine)"},  // QEMU and libvirt
+      {0x0A'00'27, 6, "(virtual machine)"},  // VirtualBox: this machine in a host-only network
+      {0xFA'16'3E, 6, "(virtual machine)"},  // OpenStack Neutron's `base_mac`
+      {0x02'42, 4, "(container)"},           // Docker
+      {0x0A'58, 4, "(container)"},           // Kubernetes: the network plugins' own prefix
+  }};
+  for (const Block& block : Blocks) {
+    if (address >> 4 * (AddressDigits - block.Digits) == block.Prefix) return block.User;
+  }
+  return "(locally administered)";
+}
+
+struct List {
+  const char* Path;
+  std::vector<const char*>
+      Files;  // in that directory, as IEEE publishes them; empty for nmap's list
+};
+
+// The lists of a system, the first of which goes first.
+const std::vector<List>& SystemLists() {
+  static const std::vector<List> lists = {
+      {"/usr/share/ieee-data", {"/oui.txt", "/mam.txt", "/oui36.txt", "/iab.txt"}},
+      {"/usr/share/hwdata", {"/oui.txt"}},
+      {"/usr/share/nmap/nmap-mac-prefixes", {}},
+      {"/usr/local/share/nmap/nmap-mac-prefixes", {}},
+      {"/opt/homebrew/share/nmap/nmap-mac-prefixes", {}}};
+  return lists;
+}
+
+// The date with which the first line of the program's own list begins; empty without a list.
+std::string DateIn(const std::string& path) {
+  constexpr std::string_view Mark = "# ";
+  constexpr std::size_t Size = 10;  // like 2026-06-26
+  LineReader reader(path);
+  std::string_view line;
+  if (!reader.Next(line) || line.substr(0, Mark.size()) != Mark) return {};
+  return std::string(line.substr(Mark.size(), Size));
+}
+
 }  // namespace
+
+Makers::Makers() : ownList_(InstalledPath(ProgramPath(), std::string(InstalledData) + "/makers")) {}
 
 std::string Makers::MakerOf(const std::string& hardwareAddress) {
   constexpr std::uint64_t LocalBit = 0x02'00'00'00'00'00;
   const std::optional<std::uint64_t> address = NumberOf(hardwareAddress);
   if (!address) return {};
-  if ((*address & LocalBit) != 0) return "(locally administered)";
-  if (!isLoaded_) Load();
+  if ((*address & LocalBit) != 0) return UserOf(*address);
+  EnsureLoaded();
   for (const std::uint32_t digits : {9U, 7U, 6U}) {
     const Block wanted = {*address >> 4 * (AddressDigits - digits), digits, 0};
     const auto found = std::lower_bound(blocks_.begin(), blocks_.end(), wanted);
@@ -102,17 +164,33 @@ std::string Makers::MakerOf(const std::string& hardwareAddress) {
   return {};
 }
 
-void Makers::Load() {
-  isLoaded_ = true;
-  const std::string share = root_ + "/usr/share/";
-  for (const char* const name : {"oui.txt", "mam.txt", "oui36.txt"}) {
-    LoadIeeeFile(share + "ieee-data/" + name);
-  }
-  if (blocks_.empty()) LoadIeeeFile(share + "hwdata/oui.txt");
-  for (const char* const prefix : {"/usr", "/usr/local", "/opt/homebrew"}) {
-    if (blocks_.empty()) LoadNmapFile(root_ + prefix + "/share/nmap/nmap-mac-prefixes");
-  }
+std::string Makers::Source() {
+  EnsureLoaded();
+  return source_;
+}
+
+void Makers::EnsureLoaded() {
+  if (isLoaded_) return;
+  Load();
   std::sort(blocks_.begin(), blocks_.end());
+  isLoaded_ = true;
+}
+
+void Makers::Load() {
+  const std::string ownDate = DateIn(ownList_);
+  for (const List& list : SystemLists()) {
+    const std::string path = root_ + list.Path;
+    const std::string date = ModificationDay(list.Files.empty() ? path : path + list.Files.front());
+    if (date <= ownDate) continue;
+    for (const char* const file : list.Files) LoadIeeeFile(path + file);
+    if (list.Files.empty()) LoadNmapFile(path);
+    if (blocks_.empty()) continue;
+    source_ = path;
+    source_.append(", ").append(date);
+    return;
+  }
+  LoadNmapFile(ownList_);
+  if (!blocks_.empty()) source_ = ownList_ + ", " + ownDate;
 }
 
 // A 24-bit block has two lines of interest,
@@ -125,12 +203,11 @@ void Makers::LoadIeeeFile(const std::string& path) {
   constexpr std::string_view HexMark = "(hex)";
   constexpr std::string_view BaseMark = "(base 16)";
   LineReader reader(path);
-  if (!reader.IsOpen()) return;
   std::string vendor;
   for (std::string_view line; reader.Next(line);) {
     const std::size_t mark = line.find('(');
     if (mark == std::string_view::npos) continue;
-    const std::string_view head = Trimmed(line.substr(0, mark));
+    const std::string_view head = TrimmedBytes(line.substr(0, mark));
     const std::string_view rest = line.substr(mark);
     if (rest.substr(0, HexMark.size()) == HexMark && head.size() == 8) {
       vendor = {head[0], head[1], head[3], head[4], head[6], head[7]};
@@ -147,9 +224,8 @@ void Makers::LoadIeeeFile(const std::string& path) {
 
 void Makers::LoadNmapFile(const std::string& path) {
   LineReader reader(path);
-  if (!reader.IsOpen()) return;
   for (std::string_view line; reader.Next(line);) {
-    const std::size_t space = line.find(' ');
+    const std::size_t space = line.find_first_of(" \t");
     if (space != std::string_view::npos) Add(line.substr(0, space), line.substr(space));
   }
 }
@@ -161,7 +237,7 @@ void Makers::Add(std::string_view digits, std::string_view maker) {
   if (!prefix || (count != 6 && count != 7 && count != 9)) return;
   blocks_.push_back(
       {*prefix, static_cast<std::uint32_t>(count), static_cast<std::uint32_t>(names_.size())});
-  names_ += Trimmed(maker);
+  names_ += TrimmedBytes(maker);
   names_ += '\0';
 }
 

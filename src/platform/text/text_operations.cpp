@@ -72,11 +72,12 @@ std::int64_t InStr(std::int64_t start, const Text& source, const Text& find) {
 
 bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) > 0; }
 
-Text Trim(const Text& text) {
-  constexpr const char* WhiteSpace = " \t\r\n";
-  const std::string& bytes = text.Bytes();
+Text Trim(const Text& text) { return std::string(TrimmedBytes(text.Bytes())); }
+
+std::string_view TrimmedBytes(std::string_view bytes) {
+  constexpr std::string_view WhiteSpace = " \t\r\n";
   const std::size_t first = bytes.find_first_not_of(WhiteSpace);
-  if (first == std::string::npos) return {};
+  if (first == std::string_view::npos) return {};
   return bytes.substr(first, bytes.find_last_not_of(WhiteSpace) - first + 1);
 }
 
