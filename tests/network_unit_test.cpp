@@ -14,6 +14,7 @@
 #include <system_error>
 #include <tuple>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "network/engine/finding.h"
@@ -29,7 +30,7 @@ namespace hostsweep {
 namespace {
 
 constexpr const char* NoNetwork =
-    ": not a network like 192.168.1, 192.168.1.0/24, 192.168.1.7 or 192.168.1.20-192.168.1.90";
+    ": not a network like 192.168.1, 192.168.1.0/24, 192.168.1.7 or 192.168.1.20-90";
 
 // The result of the work as text, or what it throws.
 template <typename Work>
@@ -46,7 +47,7 @@ std::string Described(const Network& network) {
          " " + std::to_string(CountAddresses(network));
 }
 
-TEST(ParseNetwork, AcceptsFourFormsAndSaysWhatIsWrong) {
+TEST(ParseNetwork, AcceptsItsFormsAndSaysWhatIsWrong) {
   const auto parsed = [](const std::string& argument) {
     return Outcome([&] { return Described(ParseNetwork(argument)); });
   };
@@ -59,6 +60,9 @@ TEST(ParseNetwork, AcceptsFourFormsAndSaysWhatIsWrong) {
       {"255.255.255.255/32", " 255.255.255.255 255.255.255.255 1"},
       {"10.0.0.255-10.0.1.0", " 10.0.0.255 10.0.1.0 2"},
       {"10.0.0.7-10.0.0.7", " 10.0.0.7 10.0.0.7 1"},
+      {"10.0.1.20-255", " 10.0.1.20 10.0.1.255 236"},
+      {"10.0.0.7-7", " 10.0.0.7 10.0.0.7 1"},
+      {"10.0.0.7-6", ": the range ends before it begins"},
       {"10.0.0.1-10.1.0.0", " 10.0.0.1 10.1.0.0 65536"},
       {"10.0.0.1-10.1.0.1", ": a range can have at most 65536 addresses"},
       {"10.0.0.9-10.0.0.8", ": the range ends before it begins"}};
@@ -68,8 +72,9 @@ TEST(ParseNetwork, AcceptsFourFormsAndSaysWhatIsWrong) {
     EXPECT_EQ(parsed(argument), argument + ": the prefix length must be from 16 to 32");
   }
   for (const std::string argument :
-       {"10.0.0/24", "10.0.0.1-9", "10.0.0.1-10.0.0.2-10.0.0.3", "256.0.0.1", "10.00.0.1",
-        "10..0.1", "10.0.0.1.", "10.0.0. 1", "10.0.0.1\n", "10.0"}) {
+       {"10.0.0/24", "10.0.0.1-256", "10.0.0.1-09", "10.0.0.1-", "10.0.0.1-0.9", "10.0.0-9",
+        "10.0.0.1-10.0.0.2-10.0.0.3", "256.0.0.1", "10.00.0.1", "10..0.1", "10.0.0.1.", "10.0.0. 1",
+        "10.0.0.1\n", "10.0"}) {
     EXPECT_EQ(parsed(argument), Printable(argument) + NoNetwork);
   }
   EXPECT_EQ(parsed(""), std::string("\"\"") + NoNetwork);
@@ -104,7 +109,11 @@ std::string Read(std::vector<std::string> arguments) {
   if (options.IsLocal) text += " local";
   if (!options.UsesNames) text += " unnamed";
   if (options.ChangesFile) text += " changes " + *options.ChangesFile;
-  for (const Network& network : options.Networks) text += " " + network.Name;
+  for (const auto& argument : options.Networks) {
+    const auto* const network = std::get_if<Network>(&argument);
+    text += " " + (network != nullptr ? network->Name
+                                      : "device " + std::get<DeviceArgument>(argument).Name);
+  }
   return text;
 }
 
@@ -129,7 +138,8 @@ TEST(ReadOptions, AcceptsOptionsAnywhereAndSaysWhatIsWrong) {
       {{"-f", "Lines", "-h"}, "Lines: the format must be lines, table, csv, json or map"},
       {{"--format=", "-l"}, "\"\": the format must be lines, table, csv, json or map"},
       {{"-l", "10.0.0"}, "10.0.0: a network cannot be combined with --local"},
-      {{}, "a network or --local is missing"},
+      {{}, "jobs 512 local"},
+      {{"--", "eth0", "-u", "10.0.0.1x"}, "jobs 512 device eth0 device -u device 10.0.0.1x"},
       {{"10.0.0", "-n", "--changes", "-u"}, "jobs 512 unnamed changes -u 10.0.0"},
       {{"--no", "--ch=f", "-fjson", "10.0.0"}, "jobs 512 format 3 unnamed changes f 10.0.0"},
       {{"--changes=", "-l"}, "--changes needs the name of a file"},

@@ -12,16 +12,13 @@
 namespace hostsweep {
 namespace {
 
-constexpr std::uint32_t ShortestPrefix = 16;
 constexpr std::uint32_t LongestPrefix = 32;
 constexpr std::uint64_t LargestRange = 65536;
 
 std::uint32_t AddressIn(std::string_view text, const std::string& argument) {
   const std::optional<std::uint32_t> address = ParseAddress(text);
   if (address) return *address;
-  throw UsageError(argument,
-                   "not a network like 192.168.1, 192.168.1.0/24, 192.168.1.7 or "
-                   "192.168.1.20-192.168.1.90");
+  throw UsageError(argument, std::string("not a network like ") + NetworkExamples);
 }
 
 Network ParsePrefix(const std::string& argument, std::size_t slash) {
@@ -34,8 +31,10 @@ Network ParsePrefix(const std::string& argument, std::size_t slash) {
 
 Network ParseRange(const std::string& argument, std::size_t hyphen) {
   const std::string_view text = argument;
-  Network range = {argument, AddressIn(text.substr(0, hyphen), argument),
-                   AddressIn(text.substr(hyphen + 1), argument)};
+  const std::string_view end = text.substr(hyphen + 1);
+  Network range = {argument, AddressIn(text.substr(0, hyphen), argument), 0};
+  const std::optional<std::uint32_t> lastPart = ParseDecimal(end, 255);
+  range.Last = lastPart ? (range.First & ~0xFFU) | *lastPart : AddressIn(end, argument);
   if (range.First > range.Last) throw UsageError(argument, "the range ends before it begins");
   if (CountAddresses(range) <= LargestRange) return range;
   throw UsageError(argument, "a range can have at most 65536 addresses");
@@ -56,6 +55,10 @@ Network ParseForm(const std::string& argument) {
 }
 
 }  // namespace
+
+bool IsNumeric(std::string_view argument) {
+  return argument.find_first_not_of("0123456789./-") == std::string_view::npos;
+}
 
 Network ParseNetwork(const std::string& argument) {
   Network network = ParseForm(argument);

@@ -3,22 +3,34 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace hostsweep {
 
 // Addresses that follow each other, from `First` to `Last`, both included.
 struct Network {
-  std::string Name;  // as the user wrote it; of a network of this machine, like 10.50.0.0/22
+  std::string Name;  // for messages: the argument, or 10.50.0.0/22 for a network of a device
   std::uint32_t First = 0;
   std::uint32_t Last = 0;
 };
+
+// The shortest prefix length of a network that is swept as a whole.
+constexpr std::uint32_t ShortestPrefix = 16;
+
+// Examples of arguments that name a network, for messages.
+constexpr const char* NetworkExamples = "192.168.1, 192.168.1.0/24, 192.168.1.7 or 192.168.1.20-90";
+
+// True if the text has only characters that are in these forms. Any other text can only be the name
+// of a device.
+bool IsNumeric(std::string_view argument);
 
 // The network that the argument names, in one of the forms
 //   192.168.1                     hosts 1 to 254
 //   192.168.1.0/24                a prefix length from 16 to 32; host bits make no difference
 //   192.168.1.7                   one address
 //   192.168.1.20-192.168.1.90     a range of at most 65,536 addresses
+//   192.168.1.20-90               the same: the last part is replaced
 // Throws `UsageError` for any other argument.
 Network ParseNetwork(const std::string& argument);
 

@@ -134,11 +134,17 @@ void CheckChanges(const Options& options) {
 }
 
 void ReadNetworks(const std::vector<std::string>& networks, Options& options) {
-  for (const std::string& network : networks) options.Networks.push_back(ParseNetwork(network));
+  for (const std::string& network : networks) {
+    if (IsNumeric(network)) {
+      options.Networks.emplace_back(ParseNetwork(network));
+    } else {
+      options.Networks.emplace_back(DeviceArgument{network});
+    }
+  }
   if (options.IsLocal && !networks.empty()) {
     throw UsageError(networks.front(), "a network cannot be combined with --local");
   }
-  if (!options.IsLocal && networks.empty()) throw UsageError("a network or --local is missing");
+  options.IsLocal = networks.empty();
 }
 
 }  // namespace
@@ -176,13 +182,15 @@ std::string HelpText() {
 Sweeps IPv4 networks for the names, hardware addresses and makers of their
 hosts. Needs no privileges.
 
-NETWORK is one of:
+NETWORK is one of the following. The default is --local.
   192.168.1                  its hosts 1 to 254
   10.50.1.9/22               the network that this address is in; 16 to 32 bits
   192.168.1.7                one address
-  192.168.1.20-192.168.1.90  a range of at most 65536 addresses
+  192.168.1.20-90            a range of addresses
+  192.168.1.20-192.168.2.90  a range of at most 65536 addresses
+  eth0                       the networks of this device, of at most a /16 each
 
-  -l, --local          sweep the networks that this machine is on, but for those
+  -l, --local          sweep the networks that this machine is on, except those
                        larger than a /20
   -u, --up             report only addresses at which a host was heard, by ARP or
                        by an answer

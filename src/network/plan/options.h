@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "network/plan/network.h"
@@ -17,16 +18,24 @@ constexpr std::uint32_t MaximalJobs = 1024;
 // The task that the command line asks for.
 enum class Task { Sweep, PrintHelp, PrintVersion };
 
+// The name of a device, whose networks are meant. Whether there is such a device is not checked
+// here.
+struct DeviceArgument {
+  std::string Name;
+};
+
 struct Options {
   Task Wanted = Task::Sweep;
   Selection Reported = Selection::All;
-  std::optional<Format> ReportFormat;      // nothing: the standard output decides
-  std::uint32_t Jobs = DefaultJobs;        // addresses in work at a time, 1 to `MaximalJobs`
-  bool UsesNames = true;                   // false: nobody is asked for a name
-  std::optional<std::string> ChangesFile;  // report what differs from this file; not empty. Then
-                                           // all addresses, and the format json or none
-  bool IsLocal = false;                    // sweep the networks that this machine is on
-  std::vector<Network> Networks;           // as they were given; empty if `IsLocal`
+  std::optional<Format> ReportFormat;  // nothing: the standard output decides
+  std::uint32_t Jobs = DefaultJobs;    // addresses in work at a time, 1 to `MaximalJobs`
+  bool UsesNames = true;               // false: nobody is asked for a name
+  // Report what has changed since the sweep that this file tells of. Its name is not empty, and
+  // all addresses are reported, with no format chosen or `Format::Json`.
+  std::optional<std::string> ChangesFile;
+  // The networks as they were given. Without any, `IsLocal`: those that this machine is on.
+  std::vector<std::variant<Network, DeviceArgument>> Networks;
+  bool IsLocal = false;
 };
 
 // Reads the arguments, of which the first is the program's path. Options and networks may be mixed;

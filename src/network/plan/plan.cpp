@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "network/plan/usage_error.h"
+
 namespace hostsweep {
 namespace {
 
@@ -22,22 +24,27 @@ std::string NamesOf(const std::vector<Network>& networks) {
   return first + " and " + std::to_string(others) + " other" + (others > 1 ? "s" : "");
 }
 
+std::string DownNote(const std::string& device, const std::vector<Network>& networks) {
+  return device + " is down: " + NamesOf(networks) +
+         " cannot be swept; set the device up or connect its cable";
+}
+
 // The networks of a sweep by what prevents or limits it.
 struct Reach {
   std::vector<Network> Reachable;
   std::vector<Network>
-      Beyond;  // of the reachable ones those that devices are not on, or not wholly
+      Beyond;  // reachable networks that devices with ARP are not on, or not wholly
   std::vector<Network> Unreachable;
   std::vector<Network> Down;
-  std::string DeviceThatIsDown;  // of the first of those
+  std::string DeviceThatIsDown;  // the device of the first network that is down
 };
 
-// The ways to the addresses of one network.
+// The ways to the addresses of one network: what holds for one of them at least.
 struct Ways {
-  bool LeadToHosts = false;    // one or more can be those of hosts that can be reached
-  bool LeadBeyond = false;     // one or more of these are not in the networks of this machine
-  bool LeadElsewhere = false;  // one or more are this machine's own, or reserved
-  int DeviceDown = 0;          // a device without a link to which one or more lead; 0 for none
+  bool LeadToHosts = false;    // a host can have the address, and can be reached
+  bool LeadBeyond = false;     // so, and the address is not in a network of this machine
+  bool LeadElsewhere = false;  // the address is this machine's own, or reserved
+  int DeviceDown = 0;          // the way leads to this device, which has no link; 0: to no such one
 };
 
 class ReachFinder {
@@ -66,7 +73,7 @@ class ReachFinder {
     }
   }
 
-  // All addresses are asked for, since a part of a network can lead elsewhere.
+  // Asks for the way to every address, since parts of a network can lead elsewhere.
   Ways WaysTo(const Network& network) {
     Ways ways;
     for (std::uint64_t address = network.First; address <= network.Last; ++address) {
@@ -99,8 +106,9 @@ class ReachFinder {
     return isUp_[device] = stack_.LinkOf(device).IsUp;
   }
 
-  // A device that is down and that has the whole network, while no device that is up has it. Its
-  // routes are gone, so another can lead elsewhere.
+  // The name of a device that is down and on the whole network, if no device that is up is on all
+  // of it; else empty. The routes to that device are gone, so that the way which is left can lead
+  // to another network with the same addresses.
   [[nodiscard]] std::string DeviceOff(const Network& network) const {
     std::string name;
     for (const DeviceAddress& device : stack_.Devices()) {
@@ -117,9 +125,58 @@ class ReachFinder {
   std::map<int, bool> isUp_;
 };
 
-// The networks that the options name.
+// The networks of the device. Where it is down another device can lead to them, but the user means
+// this one.
+std::vector<Network> NetworksOf(const DeviceArgument& argument, const NetworkStack& stack,
+                                Plan& plan) {
+  const int index = DeviceIndex(argument.Name);
+  if (index == 0) {
+    throw UsageError(argument.Name, std::string("no device has this name, and it is not a network "
+                                                "like ") +
+                                        NetworkExamples);
+  }
+  std::vector<Network> networks;
+  std::vector<Network> down;
+  std::vector<Network> large;
+  for (const DeviceAddress& device : stack.Devices()) {
+    if (device.Index != index) continue;
+    const Network network = NetworkOf(device.Network, device.PrefixLength);
+    if (!device.IsUp) {
+      AddOnce(down, network);
+    } else {
+      AddOnce(device.PrefixLength < ShortestPrefix ? large : networks, network);
+    }
+  }
+  if (networks.empty() && down.empty() && large.empty()) {
+    plan.Notes.push_back(argument.Name +
+                         " has no IPv4 address, so its networks are not known; name a network");
+  }
+  if (!down.empty()) plan.Notes.push_back(DownNote(argument.Name, down));
+  if (!large.empty()) {
+    plan.Notes.push_back(NamesOf(large) +
+                         ": left out, as larger than a /16; give a part of it as an argument");
+  }
+  plan.LeavesOut = plan.LeavesOut || networks.empty() || !down.empty() || !large.empty();
+  return networks;
+}
+
+std::vector<Network> NamedNetworks(const Options& options, const NetworkStack& stack, Plan& plan) {
+  std::vector<Network> networks;
+  for (const auto& argument : options.Networks) {
+    if (const auto* const network = std::get_if<Network>(&argument)) {
+      networks.push_back(*network);
+    } else {
+      for (const Network& own : NetworksOf(std::get<DeviceArgument>(argument), stack, plan)) {
+        networks.push_back(own);
+      }
+    }
+  }
+  return networks;
+}
+
+// The networks that the options ask for.
 std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stack, Plan& plan) {
-  if (!options.IsLocal) return options.Networks;
+  if (!options.IsLocal) return NamedNetworks(options, stack, plan);
   std::vector<Network> leftOut;
   std::vector<Network> networks = LocalNetworks(stack.Devices(), leftOut);
   if (!leftOut.empty()) {
@@ -135,15 +192,13 @@ std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stac
 
 void NoteBeyond(const Options& options, const std::vector<Network>& beyond, Plan& plan) {
   plan.IsRefused = options.Reported == Selection::Free;
-  std::string note = "no device of this machine is on all of " + NamesOf(beyond) + ": ";
+  std::string note = "no device with ARP is on all of " + NamesOf(beyond) + ": ";
   if (plan.IsRefused) {
-    note +=
-        "silent hosts beyond its own networks cannot be seen from here, so --free cannot tell; "
-        "use a machine there";
+    note += "elsewhere silent hosts cannot be seen, so --free cannot tell; use a machine there";
   } else if (options.Reported == Selection::Up) {
-    note += "beyond its own networks silent hosts are not seen";
+    note += "elsewhere silent hosts are not seen";
   } else {
-    note += "beyond its own networks only hosts that answer are seen, without hardware addresses";
+    note += "elsewhere only hosts that answer are seen, without hardware addresses";
   }
   plan.Notes.push_back(note);
 }
@@ -165,15 +220,12 @@ std::vector<Network> LocalNetworks(const std::vector<DeviceAddress>& devices,
 Plan MakePlan(const Options& options, NetworkStack& stack) {
   Plan plan;
   const Reach reach = ReachFinder(stack).Find(WithoutRepeats(NetworksOf(options, stack, plan)));
-  if (!reach.Down.empty()) {
-    plan.Notes.push_back(reach.DeviceThatIsDown + " is down: " + NamesOf(reach.Down) +
-                         " cannot be swept; set the device up or connect its cable");
-  }
+  if (!reach.Down.empty()) plan.Notes.push_back(DownNote(reach.DeviceThatIsDown, reach.Down));
   if (!reach.Unreachable.empty()) {
     plan.Notes.push_back("there is no route to " + NamesOf(reach.Unreachable) +
                          ", which cannot be swept; check the network devices and routes");
   }
-  plan.LeavesOut = !reach.Down.empty() || !reach.Unreachable.empty();
+  plan.LeavesOut = plan.LeavesOut || !reach.Down.empty() || !reach.Unreachable.empty();
   plan.Networks = reach.Reachable;
   if (!reach.Beyond.empty()) NoteBeyond(options, reach.Beyond, plan);
   return plan;

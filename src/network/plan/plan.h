@@ -11,14 +11,15 @@
 namespace hostsweep {
 
 struct Plan {
-  std::vector<Network> Networks;   // those to sweep, in which no address comes twice
+  std::vector<Network> Networks;   // to be swept; no address is in two of them
   bool LeavesOut = false;          // a network that was asked for is not swept
   bool IsRefused = false;          // the options ask for something that cannot be seen from here
   std::vector<std::string> Notes;  // sentences for the user, to be said before the sweep
 };
 
-// The plan for these options on this machine. Sends nothing. Throws `std::system_error` if the
-// system does not tell what is needed.
+// The plan for these options on this machine. Sends nothing. Throws `UsageError` if there is no
+// device of a name that they have, and `std::system_error` if the system does not tell what is
+// needed.
 Plan MakePlan(const Options& options, NetworkStack& stack);
 
 // The networks of the devices that are up and use ARP, each once, in the order of the devices.

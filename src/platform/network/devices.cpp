@@ -15,6 +15,12 @@ std::uint32_t HostBits(const DeviceAddress& device) {
 
 }  // namespace
 
+int DeviceIndex(const std::string& name) {
+  // Linux would pass over a colon and what follows, as in the label of an address.
+  if (name.find(':') != std::string::npos) return 0;
+  return static_cast<int>(if_nametoindex(name.c_str()));
+}
+
 std::string DeviceName(int index) {
   std::array<char, IF_NAMESIZE> name{};
   const bool isThere = if_indextoname(static_cast<unsigned int>(index), name.data()) != nullptr;

@@ -24,6 +24,9 @@ struct DeviceAddress {
 // All of them, in the system's order. Throws `std::system_error` if they cannot be listed.
 std::vector<DeviceAddress> DeviceAddresses();
 
+// The system's number of the device with this name; 0 if there is none.
+int DeviceIndex(const std::string& name);
+
 // The name of the device with this number of the system's; "?" if there is none.
 std::string DeviceName(int index);
 
