@@ -262,17 +262,52 @@ TEST(AddressWalk, GoesThroughAllNetworksToTheLastAddressOfAll) {
 }
 
 TEST(Progress, FitsTheTerminal) {
+  const milliseconds left(60500);
   const std::tuple<std::uint64_t, std::uint64_t, int, const char*> rows[] = {
-      {0, 254, 40, "  0/254 [                              ]"},
       {127, 254, 40, "127/254 [##########          ] 1:01 left"},
-      {254, 254, 20, "254/254 0:00 left"},
+      {254, 254, 20, "254/254 1:01 left"},
       {1, 2, 12, "1/2"},
       {1, 2, 2, ""},
       {1, 2, -1, ""}};
   for (const auto& [done, total, columns, line] : rows) {
-    EXPECT_EQ(FormatProgress(done, total, milliseconds(60500), columns), line) << columns;
+    EXPECT_EQ(FormatProgress(done, total, left, columns), line) << columns;
   }
-  EXPECT_EQ(FormatProgress(1, 2, milliseconds(0), 300).size(), 56U);  // the longest
+  EXPECT_EQ(FormatProgress(0, 254, {}, 40), "  0/254 [                              ]");
+  EXPECT_EQ(FormatProgress(1, 2, left, 300).size(), 56U);  // the longest
+}
+
+TEST(TimeLeft, NeverGrows) {
+  struct Moment {
+    int Time;  // in milliseconds
+    std::uint64_t Done;
+    int Left;  // 0 for nothing
+  };
+  const std::pair<std::uint64_t, std::vector<Moment>> rows[] = {
+      {254, {{0, 0, 2200}, {100, 6, 2100}, {2100, 6, 100}, {2200, 250, 0}, {3000, 250, 0}}},
+      {512, {{9, 0, 2200}, {2208, 0, 1}, {2300, 512, 0}}},
+      {1030,  // the second wave begins late
+       {{0, 0, 6600},
+        {1500, 500, 4400},
+        {3000, 500, 2900},
+        {5000, 517, 2200},
+        {6999, 517, 2200},
+        {7000, 518, 0},
+        {9000, 1029, 0}}},
+      {65536,  // most answer at once, and then nothing does
+       {{0, 0, 281600},
+        {500, 40000, 110000},
+        {600, 40000, 109900},
+        {3000, 40000, 107800},
+        {400000, 40001, 107800},
+        {400000, 65535, 0}}}};
+  for (const auto& [total, moments] : rows) {
+    TimeLeft left(total, 512);
+    for (const auto& [time, done, expected] : moments) {
+      EXPECT_EQ(left.At(done, Clock::time_point(milliseconds(time))).value_or(milliseconds(0)),
+                milliseconds(expected))
+          << done << "/" << total << " at " << time;
+    }
+  }
 }
 
 TEST(ReportWriter, TellsFreeAddressesOnlyAfterACompleteSweep) {

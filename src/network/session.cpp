@@ -51,7 +51,7 @@ class Session {
         total_(CountAll(plan.Networks)),
         sweeper_(plan.Networks, options.Jobs, options.UsesNames, stack),
         report_(plan.Networks, FormatOf(options), LayoutOf(options)),
-        progress_(ShowsProgress(), total_) {}
+        progress_(ShowsProgress(), total_, options.Jobs) {}
 
   SessionEnd Run() {
     for (;;) {

@@ -8,21 +8,17 @@
 namespace hostsweep {
 namespace {
 
-constexpr std::chrono::milliseconds Interval(100);
+using std::chrono::milliseconds;
 
-std::string FormatTime(std::chrono::milliseconds time) {
+constexpr milliseconds Interval(100);
+
+// The time that an address takes at which nothing answers ARP.
+constexpr milliseconds SilentTime(2200);
+
+std::string FormatTime(milliseconds time) {
   const auto seconds = std::chrono::ceil<std::chrono::seconds>(time).count();
   const std::string rest = std::to_string(seconds % 60);
   return std::to_string(seconds / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
-}
-
-// The time left as the share of what is done suggests, after a space; empty before anything is.
-std::string FormatTimeLeft(std::uint64_t done, std::uint64_t total,
-                           std::chrono::milliseconds elapsed) {
-  if (done * 10 < total || done == 0) return {};  // too little to tell from
-  const auto left =
-      static_cast<std::int64_t>(total - done) * elapsed.count() / static_cast<std::int64_t>(done);
-  return ' ' + FormatTime(std::chrono::milliseconds(left)) + " left";
 }
 
 // The columns that a line may take. The last one stays free: some terminals begin a new line after
@@ -35,8 +31,19 @@ int Room() {
 
 }  // namespace
 
+// At most `jobs_` addresses are swept in one wave. The end that is expected is that of silent
+// addresses whose current wave has just begun, or the earliest end that was expected before; but
+// each wave that has yet to begin takes its time.
+std::optional<milliseconds> TimeLeft::At(std::uint64_t done, Clock::time_point now) {
+  const auto waves = static_cast<std::int64_t>((total_ - done + jobs_ - 1) / jobs_);
+  end_ = std::min(end_, now + SilentTime * waves);
+  const auto left = std::max(std::chrono::ceil<milliseconds>(end_ - now), SilentTime * (waves - 1));
+  if (left <= milliseconds(0)) return {};
+  return left;
+}
+
 std::string FormatProgress(std::uint64_t done, std::uint64_t total,
-                           std::chrono::milliseconds elapsed, int columns) {
+                           std::optional<milliseconds> left, int columns) {
   constexpr std::size_t LongestBar = 40;
   constexpr std::size_t ShortestBar = 5;
   const auto width = static_cast<std::size_t>(std::max(columns, 0));
@@ -44,18 +51,19 @@ std::string FormatProgress(std::uint64_t done, std::uint64_t total,
   std::string count = std::to_string(done);
   count.insert(0, all.size() - std::min(count.size(), all.size()), ' ');
   count += '/' + all;
-  const std::string left = FormatTimeLeft(done, total, elapsed);
+  const std::string time = left ? ' ' + FormatTime(*left) + " left" : "";
   if (count.size() > width) return {};
-  if (count.size() + left.size() > width) return count;
+  if (count.size() + time.size() > width) return count;
   constexpr std::size_t Frame = 3;  // a space and two brackets
-  const std::size_t room = width - count.size() - left.size();
-  if (room < Frame + ShortestBar) return count + left;
+  const std::size_t room = width - count.size() - time.size();
+  if (room < Frame + ShortestBar) return count + time;
   const std::size_t bar = std::min(room - Frame, LongestBar);
   const auto filled = static_cast<std::size_t>(done * bar / total);
-  return count + " [" + std::string(filled, '#') + std::string(bar - filled, ' ') + "]" + left;
+  return count + " [" + std::string(filled, '#') + std::string(bar - filled, ' ') + "]" + time;
 }
 
-Progress::Progress(bool isEnabled, std::uint64_t total) : isEnabled_(isEnabled), total_(total) {
+Progress::Progress(bool isEnabled, std::uint64_t total, std::uint32_t jobs)
+    : isEnabled_(isEnabled), total_(total), left_(total, jobs) {
   if (isEnabled) eraser_.emplace();
 }
 
@@ -63,8 +71,7 @@ void Progress::Show(std::uint64_t done, Clock::time_point now) {
   if (!isEnabled_ || now < nextTime_) return;
   nextTime_ = now + Interval;
   if (!CanWrite(StandardError) || !IsForeground(StandardError)) return;
-  const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - begin_);
-  const std::string line = FormatProgress(done, total_, elapsed, Room());
+  const std::string line = FormatProgress(done, total_, left_.At(done, now), Room());
   LineEraser::SetWidth(std::max(width_, line.size()));
   Draw(line);
   SetWidth(line.size());

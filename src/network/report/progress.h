@@ -12,16 +12,33 @@
 
 namespace hostsweep {
 
-// The line that says how many of `total` are done after that time, with a bar and the time left as
-// their share suggests. At most `columns` wide: parts that do not fit are left out.
+// The time that a sweep has left: never longer than the time that was told before.
+class TimeLeft {
+ public:
+  // Of `total` addresses at most `jobs`, more than 0, are in work at a time.
+  TimeLeft(std::uint64_t total, std::uint32_t jobs) : total_(total), jobs_(jobs) {}
+
+  // The time left if so many addresses are done now. Neither may be less than before. Nothing if
+  // the sweep takes longer than expected, so that the time is not known.
+  std::optional<std::chrono::milliseconds> At(std::uint64_t done, Clock::time_point now);
+
+ private:
+  std::uint64_t total_;
+  std::uint32_t jobs_;
+  Clock::time_point end_ = Clock::time_point::max();  // the earliest that has been expected
+};
+
+// The line that says how many of `total` are done, with a bar and, if it is known, the time left.
+// At most `columns` wide: parts that do not fit are left out.
 std::string FormatProgress(std::uint64_t done, std::uint64_t total,
-                           std::chrono::milliseconds elapsed, int columns);
+                           std::optional<std::chrono::milliseconds> left, int columns);
 
 // Draws the line in place on a terminal. Draws nothing if it is not enabled, while the terminal is
 // stopped (a write would wait, and signals with it), and in the background of the terminal.
 class Progress {
  public:
-  Progress(bool isEnabled, std::uint64_t total);
+  // Of a sweep of `total` addresses, at most `jobs` of them at a time.
+  Progress(bool isEnabled, std::uint64_t total, std::uint32_t jobs);
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   ~Progress() { Erase(); }
@@ -45,8 +62,8 @@ class Progress {
   bool isEnabled_;
   std::uint64_t total_;
   std::optional<LineEraser> eraser_;  // only where there is a line to erase
-  Clock::time_point begin_ = Clock::now();
-  Clock::time_point nextTime_ = begin_;
+  TimeLeft left_;
+  Clock::time_point nextTime_ = Clock::now();
   std::size_t width_ = 0;  // of the line that is drawn
 };
 
