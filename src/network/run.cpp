@@ -47,6 +47,7 @@ int Sweep(const Options& options, bool ignoresBrokenPipes) {
   if (end.IsReaderGone) return EndWithoutReader(ignoresBrokenPipes);
   if (!end.Summary.empty()) PrintError(end.Summary + "\n");
   for (const std::string& reason : end.Reasons) Remark(reason);
+  if (end.Hint) Remark(*end.Hint);
   return end.IsComplete ? Complete : Incomplete;
 }
 

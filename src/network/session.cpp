@@ -8,6 +8,7 @@
 
 #include "network/engine/sweeper.h"
 #include "network/report/format.h"
+#include "network/report/isolation.h"
 #include "network/report/progress.h"
 #include "network/report/report_writer.h"
 #include "platform/clock.h"
@@ -51,7 +52,10 @@ class Session {
         total_(CountAll(plan.Networks)),
         sweeper_(plan.Networks, options.Jobs, options.UsesNames, stack),
         report_(plan.Networks, FormatOf(options), LayoutOf(options)),
-        progress_(ShowsProgress(), total_, options.Jobs) {}
+        progress_(ShowsProgress(), total_, options.Jobs) {
+    const bool isTable = FormatOf(options) == Format::Table && !options.ChangesFile;
+    if (isTable && options.IsLocal) isolation_.emplace(stack);
+  }
 
   SessionEnd Run() {
     for (;;) {
@@ -75,7 +79,10 @@ class Session {
   }
 
   void PassFindings() {
-    while (const std::optional<Finding> finding = sweeper_.Next()) report_.Add(*finding);
+    while (const std::optional<Finding> finding = sweeper_.Next()) {
+      report_.Add(*finding);
+      if (isolation_) isolation_->Add(*finding);
+    }
     if (isReported_ || !sweeper_.IsDone()) return;
     report_.End(IsComplete());
     isReported_ = true;
@@ -128,6 +135,7 @@ class Session {
     const auto time = std::chrono::duration_cast<milliseconds>(now - begin_);
     if (progress_.IsEnabled()) end.Summary = report_.Summary(time);
     end.Reasons = sweeper_.Troubles().Describe(total_);
+    if (isolation_) end.Hint = isolation_->Describe();
     return end;
   }
 
@@ -136,6 +144,7 @@ class Session {
   Clock::time_point begin_ = Clock::now();
   Sweeper sweeper_;
   ReportWriter report_;
+  std::optional<Isolation> isolation_;  // only for a table of the local networks
   bool isReported_ = false;
   Progress progress_;
   std::vector<Watched> watched_;

@@ -1,6 +1,7 @@
 // One sweep from its plan to its end: standard output, the progress line and waiting.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,10 +16,11 @@ struct SessionEnd {
   bool IsReaderGone = false;  // the reader of standard output is gone, and nothing else counts
   std::string Summary;        // a line for a user at a terminal; empty without one
   std::vector<std::string> Reasons;  // sentences that say why the sweep is incomplete
+  std::optional<std::string> Hint;   // a sentence on what a table has not shown
 };
 
-// Sweeps as planned and reports on standard output, and on standard error the progress, if there is
-// somebody to see it. Ends as soon as the reader of standard output is known to be gone. Throws
+// Sweeps as planned, reports on standard output, and shows the progress on standard error if that
+// is a terminal. Ends as soon as the reader of standard output is known to be gone. Throws
 // `std::system_error` if standard output cannot be written, or the system cannot be asked.
 SessionEnd RunSession(const Options& options, const Plan& plan, NetworkStack& stack);
 

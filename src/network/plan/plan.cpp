@@ -184,8 +184,9 @@ std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stac
         NamesOf(leftOut) +
         ": left out, as larger than a /20; give it, or a part of at most a /16, as an argument");
   }
-  if (networks.empty() && leftOut.empty()) {
-    plan.Notes.emplace_back("no device of this machine is on a network to sweep");
+  if (networks.empty()) {
+    plan.Notes.emplace_back(leftOut.empty() ? "no device of this machine is on a network to sweep"
+                                            : OwnNetworkHint);
   }
   return networks;
 }

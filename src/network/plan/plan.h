@@ -17,6 +17,12 @@ struct Plan {
   std::vector<std::string> Notes;  // sentences for the user, to be said before the sweep
 };
 
+// For messages where the local networks may not be those that the user means.
+constexpr const char* OwnNetworkHint =
+    "a container, WSL or a virtual machine is often on a network of its own: see \"A network of "
+    "its "
+    "own\" in docs/underneath.md";
+
 // The plan for these options on this machine. Sends nothing. Throws `UsageError` if there is no
 // device of a name that they have, and `std::system_error` if the system does not tell what is
 // needed.
