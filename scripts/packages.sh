@@ -20,7 +20,8 @@ else
     /usr/include/nlohmann/json.hpp=nlohmann-json3-dev"
   to_sweep="ping=iputils-ping /usr/bin/host=bind9-host"
   to_test="/usr/include/gtest/gtest.h=libgtest-dev strace=strace python3=python3
-    avahi-daemon=avahi-daemon nmbd=samba"
+    avahi-daemon=avahi-daemon nmbd=samba
+    zsh=zsh fish=fish /usr/share/bash-completion/bash_completion=bash-completion"
   for_lab="ip=iproute2 dnsmasq=dnsmasq-base"
   to_bench="hyperfine=hyperfine /usr/bin/time=time nmap=nmap arp-scan=arp-scan fping=fping"
   to_release="npm=npm git=git llvm-objdump=llvm qemu-aarch64-static=qemu-user-static
