@@ -34,16 +34,16 @@ bool IsNumeric(std::string_view argument);
 // Throws `UsageError` for any other argument.
 Network ParseNetwork(const std::string& argument);
 
-// The network in which the address lies, named like 10.50.0.0/22. Its first address, that of the
-// network, and its last, for broadcasts, are left out up to a prefix length of 30: longer ones
-// have neither (RFC 3021). `prefixLength` is from 0 to 32.
+// The network in which the address lies, named like 10.50.0.0/22. `prefixLength` is from 0 to 32.
+// Up to 30, the first address, which is the network's own, and the last, which is for broadcasts,
+// are left out; smaller networks have neither (RFC 3021).
 Network NetworkOf(std::uint32_t address, std::uint32_t prefixLength);
 
-// The same addresses, each only at its first place. A network of which a part is left out can
-// become several, of the same name.
+// The same networks without the addresses that networks before them have. A network can be left in
+// several parts, each with its name.
 std::vector<Network> WithoutRepeats(const std::vector<Network>& networks);
 
-// How many addresses it has.
+// The number of addresses of the network.
 std::uint64_t CountAddresses(const Network& network);
 
 }  // namespace hostsweep

@@ -32,8 +32,7 @@ std::string DownNote(const std::string& device, const std::vector<Network>& netw
 // The networks of a sweep by what prevents or limits it.
 struct Reach {
   std::vector<Network> Reachable;
-  std::vector<Network>
-      Beyond;  // reachable networks that devices with ARP are not on, or not wholly
+  std::vector<Network> Beyond;  // the reachable networks that no device with ARP is on all of
   std::vector<Network> Unreachable;
   std::vector<Network> Down;
   std::string DeviceThatIsDown;  // the device of the first network that is down
@@ -44,7 +43,7 @@ struct Ways {
   bool LeadToHosts = false;    // a host can have the address, and can be reached
   bool LeadBeyond = false;     // so, and the address is not in a network of this machine
   bool LeadElsewhere = false;  // the address is this machine's own, or reserved
-  int DeviceDown = 0;          // the way leads to this device, which has no link; 0: to no such one
+  int DeviceDown = 0;  // the number of a device without a link to which it leads; 0 for none
 };
 
 class ReachFinder {
@@ -125,15 +124,14 @@ class ReachFinder {
   std::map<int, bool> isUp_;
 };
 
-// The networks of the device. Where it is down another device can lead to them, but the user means
-// this one.
+// The networks of the device that can be swept. If it is down there are none, even where another
+// device leads to them, since the user means this device.
 std::vector<Network> NetworksOf(const DeviceArgument& argument, const NetworkStack& stack,
                                 Plan& plan) {
   const int index = DeviceIndex(argument.Name);
   if (index == 0) {
-    throw UsageError(argument.Name, std::string("no device has this name, and it is not a network "
-                                                "like ") +
-                                        NetworkExamples);
+    const std::string reason = "no device has this name, and it is not a network like ";
+    throw UsageError(argument.Name, reason + NetworkExamples);
   }
   std::vector<Network> networks;
   std::vector<Network> down;

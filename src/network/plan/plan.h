@@ -19,13 +19,12 @@ struct Plan {
 
 // For messages where the local networks may not be those that the user means.
 constexpr const char* OwnNetworkHint =
-    "a container, WSL or a virtual machine is often on a network of its own: see \"A network of "
-    "its "
-    "own\" in docs/underneath.md";
+    "a container, WSL or a virtual machine is often on a network of its own: "
+    "see \"A network of its own\" in docs/underneath.md";
 
-// The plan for these options on this machine. Sends nothing. Throws `UsageError` if there is no
-// device of a name that they have, and `std::system_error` if the system does not tell what is
-// needed.
+// The plan for these options on this machine. Sends nothing. Throws `UsageError` if an argument is
+// neither a network nor the name of a device, and `std::system_error` if the system does not tell
+// what is needed.
 Plan MakePlan(const Options& options, NetworkStack& stack);
 
 // The networks of the devices that are up and use ARP, each once, in the order of the devices.
