@@ -47,7 +47,7 @@ Netlink::Netlink(std::uint32_t groups) : socket_(OpenSocket()), buffer_(LargestP
   static_assert(sizeof generic >= sizeof address);
   std::memcpy(&generic, &address, sizeof address);
   if (bind(socket_.Number(), &generic, sizeof address) != 0) ThrowSystemError("netlink");
-  fcntl(socket_.Number(), F_SETFL, O_NONBLOCK);
+  if (fcntl(socket_.Number(), F_SETFL, O_NONBLOCK) != 0) ThrowSystemError("netlink");
 }
 
 int Netlink::Get(unsigned short type, const std::string& body, const Receiver& receive) {

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <random>
 #include <string_view>
+#include <utility>
 
 #include "platform/network/probe_errors.h"
 #include "platform/system_call.h"
@@ -54,13 +55,13 @@ std::string MakeRequest() {
   return request;
 }
 
-// A socket that does not wait; a negative number if there is none to be had.
-int OpenSocket(int protocol) {
-  const int socket = ::socket(AF_INET, SOCK_DGRAM, protocol);
-  if (socket < 0) return socket;
-  fcntl(socket, F_SETFD, FD_CLOEXEC);
-  fcntl(socket, F_SETFL, O_NONBLOCK);
-  KeepErrors(socket);
+// A socket that does not wait; errno says why if its number is negative.
+Descriptor OpenSocket(int protocol) {
+  Descriptor socket(::socket(AF_INET, SOCK_DGRAM, protocol));
+  if (socket.Number() < 0) return socket;
+  fcntl(socket.Number(), F_SETFD, FD_CLOEXEC);
+  if (fcntl(socket.Number(), F_SETFL, O_NONBLOCK) != 0) return Descriptor(-1);
+  KeepErrors(socket.Number());
   return socket;
 }
 
@@ -96,9 +97,9 @@ void ProbeSockets::Open() {
 }
 
 bool ProbeSockets::TryOpen() {
-  const int socket = OpenSocket(isEcho_ ? IPPROTO_ICMP : IPPROTO_UDP);
-  if (socket < 0) return false;
-  sockets_.emplace_back(socket);
+  Descriptor socket = OpenSocket(isEcho_ ? IPPROTO_ICMP : IPPROTO_UDP);
+  if (socket.Number() < 0) return false;
+  sockets_.push_back(std::move(socket));
   if (isEcho_ && request_.empty()) request_ = MakeRequest();
   return true;
 }
