@@ -52,14 +52,6 @@ TEST_F(Frame, RunIsCalledInARegisteredApplicationWithItsVersionData) {
   EXPECT_THROW(App::Current(), NilObjectException);
 }
 
-TEST_F(Frame, VersionDataIsStoredInItsOrder) {
-  app_._x_SetVersionData(1, 2, 3, 4, 5, "6", "7", "8");
-  EXPECT_EQ(Str(app_.MajorVersion) + Str(app_.MinorVersion) + Str(app_.BugVersion) +
-                Str(app_.NonReleaseVersion) + Str(app_.StageCode) + app_.LongVersion +
-                app_.ShortVersion + app_.PackageInfo,
-            "12345678");
-}
-
 TEST_F(Frame, NormalEndsNeverReachTheHandler) {
   app_.Work = [] { return 7; };
   EXPECT_EQ(Call(), 7);

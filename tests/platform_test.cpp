@@ -115,7 +115,7 @@ TEST(Shell, CollectsStandardOutputHoweverTheCommandEnds) {
       {"cat; echo Message; echo error >&2; no-such-program", "Message\n"},
       {"echo before; kill -9 $$; echo after", "before\n"},
       {"echo  'a  b' \"$0\"", "a  b /bin/sh\n"},
-      {"(sleep 3; echo late) & echo now", "now\n"}};
+      {"(sleep 60; echo late) & echo now", "now\n"}};
   const int next = OpenPipe().Reader.Number();
   for (const auto& [command, output] : rows) EXPECT_EQ(OutputOf(command), output) << command;
   EXPECT_EQ(OpenPipe().Reader.Number(), next);  // no descriptor is left open
@@ -125,11 +125,9 @@ TEST(Shell, WaitsForTheCommandAlone) {
   const auto begin = Clock::now();
   OutputOf("exec >&-; sleep 0.2");
   EXPECT_GE(Clock::now() - begin, milliseconds(200));
-  // A process that the command leaves running goes on printing without a pause.
-  const std::string output = OutputOf(
-      "(i=0; while [ $i -lt 999999 ]; do i=$((i + 1)); echo $i; done; echo late) & echo now");
+  // A process that the command leaves running goes on printing as long as somebody reads it.
+  const std::string output = OutputOf("(while echo; do :; done) & echo now");
   EXPECT_NE(output.find("now\n"), std::string::npos);
-  EXPECT_EQ(output.find("late\n"), std::string::npos);
 }
 
 TEST(PrepareProcess, OpensStandardDescriptorsAndGivesCommandsTheSignalsThatTheCallerMeantForThem) {
