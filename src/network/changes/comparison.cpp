@@ -1,0 +1,265 @@
+#include "network/changes/comparison.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "network/changes/name_news.h"
+#include "platform/text/printable.h"
+
+namespace hostsweep {
+namespace {
+
+using State = SeenHost::State;
+
+bool IsBefore(const SeenHost& left, const SeenHost& right) {
+  return std::tie(left.Known.Address, left.Known.HardwareAddress) <
+         std::tie(right.Known.Address, right.Known.HardwareAddress);
+}
+
+const std::string& CardOf(const SeenHost& host) { return host.Known.HardwareAddress; }
+
+bool HasCard(const SeenHost& host) { return !CardOf(host).empty(); }
+
+// One comparison. It reads what was known before the sweep, so that no finding depends on those
+// that were looked at earlier, and writes what is known now.
+class Judge {
+ public:
+  Judge(const std::vector<SeenHost>& before, const std::vector<Finding>& findings, SweepTime time,
+        bool isComplete)
+      : before_(before), findings_(findings), now_(before), time_(time), isComplete_(isComplete) {
+    for (std::size_t i = 0; i < before.size(); ++i) {
+      ofAddress_[before[i].Known.Address].push_back(i);
+      if (HasCard(before[i])) ofCard_[CardOf(before[i])].push_back(i);
+    }
+    for (const Finding& finding : findings) {
+      found_[finding.Address] = &finding;
+      const bool isCard = finding.Host == Presence::Up && !finding.HardwareAddress.empty();
+      if (isCard) upCards_.insert(finding.HardwareAddress);
+    }
+  }
+
+  std::vector<Change> Changes() {
+    for (const Finding& finding : findings_) {
+      if (finding.IsReserved) continue;
+      if (finding.Host == Presence::Up) {
+        JudgeHost(finding);
+      } else {
+        JudgeSilence(finding);
+      }
+    }
+    LeaveOthers();
+    return std::move(changes_);
+  }
+
+  std::vector<SeenHost> Seen() {
+    std::vector<SeenHost> seen;
+    for (std::size_t i = 0; i < now_.size(); ++i) {
+      if (merged_.count(i) == 0) seen.push_back(std::move(now_[i]));
+    }
+    std::sort(seen.begin(), seen.end(), IsBefore);
+    return seen;
+  }
+
+ private:
+  using Index = std::size_t;  // into `before_` and `now_`
+
+  // The hosts that a finding concerns.
+  struct Place {
+    std::optional<Index> Owner;  // the host that had the address
+    std::optional<Index> Same;   // the host of the finding, if it had been at the address
+  };
+
+  [[nodiscard]] Place PlaceOf(const Finding& finding) const {
+    Place place;
+    const auto known = ofAddress_.find(finding.Address);
+    if (known == ofAddress_.end()) return place;
+    for (const Index i : known->second) {
+      if (HasAddress(before_[i])) place.Owner = i;
+      if (CardOf(before_[i]) == finding.HardwareAddress) place.Same = i;
+    }
+    return place;
+  }
+
+  // A host that is up.
+  void JudgeHost(const Finding& finding) {
+    Place place = PlaceOf(finding);
+    const bool isOwner = place.Same && place.Same == place.Owner;
+    const bool wasCard = place.Owner && HasCard(before_[*place.Owner]);
+    // A card is known here, and what is heard now does not say whether it is that.
+    if (wasCard && finding.HardwareAddress.empty()) return;
+    const std::optional<Index> origin = isOwner ? std::nullopt : OriginOf(finding, place);
+    // The host that had no card is this one, for all that is known.
+    if (!origin && !place.Same && !wasCard) place.Same = place.Owner;
+    Change change;
+    const NameNews news = Keep(finding, place, origin, change.Host);
+    if ((origin || !place.Same) && wasCard) change.WasCard = CardOf(before_[*place.Owner]);
+    if (origin) {
+      change.What = Change::Kind::Moved;
+      change.FromAddress = before_[*origin].Known.Address;
+    } else if (!place.Same) {
+      change.What = wasCard ? Change::Kind::Other : Change::Kind::New;
+    } else if (before_[*place.Same].Whereabouts == State::Gone) {
+      change.What = Change::Kind::Back;
+      change.LastSeen = before_[*place.Same].LastSeen;
+    } else if (place.Same == place.Owner && news == NameNews::Changed) {
+      change.What = Change::Kind::Renamed;
+      change.FromName = before_[*place.Same].Known.Name;
+    } else {
+      return;
+    }
+    changes_.push_back(std::move(change));
+  }
+
+  // Nothing is heard at the address; that may not mean that nothing is there.
+  void JudgeSilence(const Finding& finding) {
+    const std::optional<Index> owner = PlaceOf(finding).Owner;
+    if (!owner) return;
+    SeenHost& host = now_[*owner];
+    host.Known.Host = finding.Host;
+    if (finding.Host != Presence::Absent || !isComplete_ || !HasCard(host)) return;
+    if (host.Whereabouts == State::Here) {
+      host.Whereabouts = State::Missed;
+    } else if (upCards_.count(CardOf(host)) == 0) {
+      host.Whereabouts = State::Gone;
+      Change change;
+      change.What = Change::Kind::Gone;
+      change.Host = host;
+      change.LastSeen = host.LastSeen;
+      changes_.push_back(std::move(change));
+    }
+  }
+
+  // Where the card of the finding, which did not have its address, has come from: another address
+  // where it was last seen, that has been swept, and that it is certainly no longer at. Of several
+  // one from which nothing else has come yet, and then the one where it was seen last.
+  std::optional<Index> OriginOf(const Finding& finding, const Place& place) {
+    const auto known = ofCard_.find(finding.HardwareAddress);
+    if (known == ofCard_.end()) return {};
+    const auto hasAddress = [&](Index i) { return HasAddress(before_[i]); };
+    const bool isAnywhere = std::any_of(known->second.begin(), known->second.end(), hasAddress);
+    const bool wasLost = place.Same && IsLost(before_[*place.Same]);
+    std::optional<Index> origin;
+    for (const Index i : known->second) {
+      const bool isLast = isAnywhere ? hasAddress(i) : IsLost(before_[i]) && !wasLost;
+      if (!isLast || !IsAway(before_[i])) continue;
+      if (!origin || IsBetterOrigin(i, *origin)) origin = i;
+    }
+    if (origin) origins_.insert(*origin);
+    return origin;
+  }
+
+  // True if the host was not seen elsewhere after it had been here.
+  static bool IsLost(const SeenHost& host) {
+    return host.Whereabouts == State::Gone || host.Whereabouts == State::Replaced;
+  }
+
+  // True if the sweep has found for certain that the card is not at that address.
+  [[nodiscard]] bool IsAway(const SeenHost& host) const {
+    const auto found = found_.find(host.Known.Address);
+    if (found == found_.end() || found->second->IsReserved) return false;
+    const Finding& finding = *found->second;
+    if (finding.Host != Presence::Up) return finding.Host == Presence::Absent;
+    return !finding.HardwareAddress.empty() && finding.HardwareAddress != CardOf(host);
+  }
+
+  [[nodiscard]] bool IsBetterOrigin(Index candidate, Index than) const {
+    const bool isUsed = origins_.count(candidate) != 0;
+    const bool isOtherUsed = origins_.count(than) != 0;
+    if (isUsed != isOtherUsed) return isOtherUsed;
+    return before_[candidate].LastSeen > before_[than].LastSeen;
+  }
+
+  // Records the host that is up, as `kept` gets it too. Returns the news of its name.
+  NameNews Keep(const Finding& finding, const Place& place, std::optional<Index> origin,
+                SeenHost& kept) {
+    if (place.Owner && place.Owner != place.Same) Replace(*place.Owner);
+    const bool isKnown = place.Same.has_value();
+    if (!isKnown) {
+      SeenHost added;
+      added.FirstSeen = origin ? before_[*origin].FirstSeen : time_;
+      now_.push_back(added);
+    }
+    SeenHost& host = now_[isKnown ? *place.Same : now_.size() - 1];
+    if (origin && IsOwnName(before_[*origin].Known)) TakeName(host.Known, before_[*origin].Known);
+    const NameNews news = CompareNames(host.Known, finding);
+    if (news != NameNews::None) TakeName(host.Known, finding);
+    host.Known.Address = finding.Address;
+    host.Known.HardwareAddress = finding.HardwareAddress;
+    host.Known.Host = Presence::Up;
+    host.LastSeen = time_;
+    host.Whereabouts = State::Here;
+    kept = host;
+    return news;
+  }
+
+  // Another host has the address of this one, or this one without a card turns out to have one.
+  void Replace(Index owner) {
+    if (!HasCard(before_[owner])) merged_.insert(owner);
+    now_[owner].Whereabouts = State::Replaced;
+    now_[owner].Known.Host = Presence::Absent;
+  }
+
+  // Cards that are up have left the addresses that they have moved from, those where they have been
+  // replaced, and those that this sweep leaves out.
+  void LeaveOthers() {
+    for (Index i = 0; i < before_.size(); ++i) {
+      SeenHost& host = now_[i];
+      if (!HasCard(host) || upCards_.count(CardOf(host)) == 0) continue;
+      const bool isSwept = found_.count(host.Known.Address) != 0;
+      const bool hasLeft = origins_.count(i) != 0 || host.Whereabouts == State::Replaced ||
+                           (HasAddress(host) && !isSwept);
+      if (!hasLeft) continue;
+      host.Whereabouts = State::Left;
+      host.Known.Host = Presence::Absent;
+    }
+  }
+
+  const std::vector<SeenHost>& before_;
+  const std::vector<Finding>& findings_;
+  std::vector<SeenHost> now_;  // those of `before_`, and then those that are new
+  SweepTime time_;
+  bool isComplete_;
+  std::unordered_map<std::uint32_t, std::vector<Index>> ofAddress_;
+  std::unordered_map<std::string_view, std::vector<Index>> ofCard_;
+  std::unordered_map<std::uint32_t, const Finding*> found_;
+  std::unordered_set<std::string_view> upCards_;
+  std::unordered_set<Index> origins_;  // from which cards have moved
+  std::unordered_set<Index> merged_;   // into another host of the same address
+  std::vector<Change> changes_;
+};
+
+}  // namespace
+
+Comparison::Comparison(std::vector<SeenHost> seen, SweepTime time)
+    : seen_(std::move(seen)), time_(time) {
+  std::sort(seen_.begin(), seen_.end(), IsBefore);
+}
+
+void Comparison::Add(const Finding& finding) {
+  const bool isUp = finding.Host == Presence::Up;
+  SeenHost first;
+  first.Known.Address = finding.Address;
+  const auto known = std::lower_bound(seen_.begin(), seen_.end(), first, IsBefore);
+  const bool isKnown = known != seen_.end() && known->Known.Address == finding.Address;
+  if (!isUp && !isKnown) return;
+  if (isUp) ++upCount_;
+  findings_.push_back(finding);
+  // What is kept has to be fit to be read again.
+  Finding& added = findings_.back();
+  if (added.Name) added.Name = Printable(*added.Name);
+}
+
+void Comparison::End(bool isComplete) {
+  Judge judge(seen_, findings_, time_, isComplete);
+  changes_ = judge.Changes();
+  seen_ = judge.Seen();
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,59 @@
+// The comparison of a sweep with what earlier ones have seen. Without clock, file or socket.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "network/changes/change.h"
+#include "network/changes/seen_host.h"
+#include "network/engine/finding.h"
+
+namespace hostsweep {
+
+// Only hosts that are up count. Of each address there is at most one change, the first that holds:
+//
+//   at this address was           now                                            change
+//   anything else                 a card known from another address that was     Moved
+//                                 swept, too, and that it is no longer at
+//   another card, not gone        a card that the address never had              Other
+//   nothing, or a card that is    a card, or a host without one, that the        New
+//   gone                          address never had
+//   this card, called gone        this card                                      Back
+//   this card, another name       this card                                      Renamed
+//   this card                     nothing, for the second complete sweep, and    Gone
+//                                 the card is at no address that was swept
+//
+// Cards can take turns at an address: after the first time that is no change. Where one of two
+// hosts has no card, nothing tells them apart, and they count as the same. An address without a
+// finding was not swept, and keeps what it has. A card that has left such an address for one that
+// was swept is new there, and not called gone here later.
+class Comparison {
+ public:
+  // `seen`: each card, or host without one, at most once for each address, and of those at one
+  // address at most one has it. `time`: that of the sweep.
+  Comparison(std::vector<SeenHost> seen, SweepTime time);
+
+  // Adds a finding of the sweep, in the order in which their changes are to be. At most one for
+  // each address. Those that make no difference take no memory.
+  void Add(const Finding& finding);
+
+  // Compares, once, when all findings have been added. The sweep is complete if it says of each
+  // address whether a host is there; nothing is called gone because of any other.
+  void End(bool isComplete);
+
+  // After `End`: the changes, and what has been seen now, by address and card.
+  [[nodiscard]] const std::vector<Change>& Changes() const { return changes_; }
+  [[nodiscard]] const std::vector<SeenHost>& Seen() const { return seen_; }
+
+  // The number of addresses at which a host was up.
+  [[nodiscard]] std::size_t UpCount() const { return upCount_; }
+
+ private:
+  std::vector<SeenHost> seen_;  // by address
+  SweepTime time_;
+  std::vector<Finding> findings_;
+  std::size_t upCount_ = 0;
+  std::vector<Change> changes_;
+};
+
+}  // namespace hostsweep

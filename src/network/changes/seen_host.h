@@ -1,0 +1,37 @@
+// What sweeps have seen of one host at one address.
+#pragma once
+
+#include <chrono>
+
+#include "network/engine/finding.h"
+
+namespace hostsweep {
+
+// In UTC.
+using SweepTime = std::chrono::time_point<std::chrono::system_clock, std::chrono::seconds>;
+
+// A host is its card, which its hardware address names. A host beyond a router has none that could
+// be seen: it is its address.
+struct SeenHost {
+  enum class State {
+    Here,      // this address is the host's
+    Missed,    // the same, but the last complete sweep of the address has not found it
+    Gone,      // was called gone
+    Replaced,  // another host has the address; where this one is, is not known
+    Left       // is not here, and was seen at another address since
+  };
+
+  // The last that is known: `Host` says whether it was up in the last sweep of the address, and the
+  // name is the one that holds.
+  Finding Known;
+  SweepTime FirstSeen;
+  SweepTime LastSeen;
+  State Whereabouts = State::Here;
+};
+
+// True if the address is the host's: at most one host has an address.
+inline bool HasAddress(const SeenHost& host) {
+  return host.Whereabouts == SeenHost::State::Here || host.Whereabouts == SeenHost::State::Missed;
+}
+
+}  // namespace hostsweep

@@ -1,0 +1,337 @@
+// src/network/changes: what counts as a change, what is kept, and the file that it is kept in.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "network/changes/change.h"
+#include "network/changes/comparison.h"
+#include "network/changes/name_news.h"
+#include "network/changes/seen_host.h"
+#include "network/engine/finding.h"
+
+namespace hostsweep {
+namespace {
+
+SweepTime At(std::int64_t seconds) { return SweepTime(std::chrono::seconds(seconds)); }
+
+void SetName(Finding& finding, const std::string& text) {
+  const std::map<char, NameSource> sources = {{'h', NameSource::Hosts},
+                                              {'d', NameSource::Dns},
+                                              {'m', NameSource::Mdns},
+                                              {'n', NameSource::NetBios}};
+  finding.IsLookedUp = text.empty() || text[0] != '!';
+  if (text.size() < 2) return;
+  finding.Source = sources.at(text[finding.IsLookedUp ? 0 : 1]);
+  finding.Name = text.substr(finding.IsLookedUp ? 1 : 2);
+}
+
+// A finding as "ADDRESS:CARD=NAME". The address is a number. In place of a card "-" is nothing, "?"
+// something unknown, "*" a host without a card, and "r" a reserved address. The name follows a
+// letter for its source; "!" before it: the name servers could not be asked.
+Finding ParseFinding(const std::string& text) {
+  Finding finding;
+  const std::size_t colon = text.find(':');
+  const std::size_t equals = std::min(text.find('='), text.size());
+  const std::string host = text.substr(colon + 1, equals - colon - 1);
+  finding.Address = static_cast<std::uint32_t>(std::stoul(text.substr(0, colon)));
+  finding.IsReserved = host == "r";
+  finding.Host = host == "-" || host == "r" ? Presence::Absent : Presence::Up;
+  if (host == "?") finding.Host = Presence::Unknown;
+  const bool isCard = finding.Host == Presence::Up && host != "*";
+  if (isCard) finding.HardwareAddress = host;
+  SetName(finding, equals < text.size() ? text.substr(equals + 1) : "");
+  return finding;
+}
+
+std::string Described(const Change& change) {
+  const Finding& host = change.Host.Known;
+  std::string text = std::string(WordFor(change.What)) + ' ' + std::to_string(host.Address) + ':' +
+                     (host.HardwareAddress.empty() ? "*" : host.HardwareAddress);
+  if (host.Name) text += '=' + *host.Name;
+  if (change.What == Change::Kind::Moved) text += " from " + std::to_string(change.FromAddress);
+  if (change.What == Change::Kind::Renamed) text += " from " + change.FromName.value_or("-");
+  if (!change.WasCard.empty()) text += " was " + change.WasCard;
+  const bool hasTime = change.What == Change::Kind::Gone || change.What == Change::Kind::Back;
+  if (hasTime) text += " at " + std::to_string(change.LastSeen.time_since_epoch().count());
+  return text;
+}
+
+std::string Joined(const std::vector<Change>& changes) {
+  std::string text;
+  for (const Change& change : changes) text += (text.empty() ? "" : ", ") + Described(change);
+  return text;
+}
+
+// The sweeps, the first of which begins, separated by "|"; one that ends with "..." is incomplete.
+// Returns what each but the first one has changed, joined by "|" too. The first is at time 0, and
+// each other one at the next second.
+std::string Simulated(const std::string& sweeps) {
+  std::vector<SeenHost> seen;
+  std::string result;
+  std::istringstream stream(sweeps);
+  int time = 0;
+  for (std::string sweep; std::getline(stream, sweep, '|'); ++time) {
+    Comparison comparison(seen, At(time));
+    std::istringstream words(sweep);
+    bool isComplete = true;
+    for (std::string word; words >> word;) {
+      if (word == "...") {
+        isComplete = false;
+      } else {
+        comparison.Add(ParseFinding(word));
+      }
+    }
+    comparison.End(isComplete);
+    seen = comparison.Seen();
+    if (time > 1) result += " | ";
+    if (time > 0) result += Joined(comparison.Changes());
+  }
+  return result;
+}
+
+struct Row {
+  const char* What;
+  const char* Sweeps;
+  const char* Changes;
+};
+
+void PrintTo(const Row& row, std::ostream* stream) { *stream << row.What; }
+
+class Changes : public testing::TestWithParam<Row> {};
+
+TEST_P(Changes, OfASeriesOfSweeps) { EXPECT_EQ(Simulated(GetParam().Sweeps), GetParam().Changes); }
+
+constexpr Row Lives[] = {
+    {"nothing", "1:A 2:- | 1:A 2:-", ""},
+    {"comes", "1:A 2:- | 1:A 2:B | 1:A 2:B", "new 2:B | "},
+    {"goes", "1:A | 1:- | 1:- | 1:- | 1:-", " | gone 1:A at 0 |  | "},
+    {"sleeps", "1:A | 1:- | 1:A | 1:- | 1:A | 1:- | 1:-", " |  |  |  |  | gone 1:A at 4"},
+    {"comes back", "1:A | 1:- | 1:- | 1:A | 1:A", " | gone 1:A at 0 | back 1:A at 0 | "},
+    {"comes back with another name", "1:A=da | 1:- | 1:- | 1:A=db | 1:A=db",
+     " | gone 1:A=a at 0 | back 1:A=b at 0 | "},
+    {"goes again", "1:A | 1:- | 1:- | 1:A | 1:- | 1:-",
+     " | gone 1:A at 0 | back 1:A at 0 |  | gone 1:A at 3"},
+    {"another comes where one has gone", "1:A | 1:- | 1:- | 1:B", " | gone 1:A at 0 | new 1:B"},
+    {"an order", "3:A 1:B 2:- | 3:- 1:C 2:D | 3:- 1:C 2:D",
+     "other 1:C was B, new 2:D | gone 3:A at 0"},
+};
+constexpr Row Moves[] = {
+    {"moves", "1:A 2:- | 1:- 2:A | 1:- 2:A | 1:- 2:A", "moved 2:A from 1 |  | "},
+    {"moves back", "1:A 2:- | 1:- 2:A | 1:A 2:- | 1:A 2:-",
+     "moved 2:A from 1 | moved 1:A from 2 | "},
+    {"moves, and goes once", "1:A 2:- | 1:- 2:A | 1:- 2:- | 1:- 2:-",
+     "moved 2:A from 1 |  | gone 2:A at 1"},
+    {"moves while away", "1:A 2:- | 1:- 2:- | 1:- 2:A", " | moved 2:A from 1"},
+    {"moves after it was gone", "1:A 2:- | 1:- 2:- | 1:- 2:- | 1:- 2:A | 1:- 2:A",
+     " | gone 1:A at 0 | moved 2:A from 1 | "},
+    {"its old address is given to another", "1:A 2:- | 1:B 2:A | 1:B 2:A",
+     "other 1:B was A, moved 2:A from 1 | "},
+    {"later", "1:A 2:- | 1:- 2:A | 1:B 2:A", "moved 2:A from 1 | new 1:B"},
+    {"takes another's address", "1:A 2:B | 1:- 2:A | 1:- 2:A | 1:- 2:A",
+     "moved 2:A from 1 was B |  | "},
+    {"from a card called gone", "1:A 2:B | 1:A 2:- | 1:A 2:- | 1:- 2:A",
+     " | gone 2:B at 0 | moved 2:A from 1"},
+    {"swap", "1:A 2:B | 1:B 2:A | 1:B 2:A", "moved 1:B from 2 was A, moved 2:A from 1 was B | "},
+    {"a ring", "1:A 2:B 3:C | 1:C 2:A 3:B",
+     "moved 1:C from 3 was A, moved 2:A from 1 was B, moved 3:B from 2 was C"},
+    {"not sure that it has left", "1:A 2:- | 1:? 2:A ... | 1:- 2:A | 1:- 2:A", "new 2:A |  | "},
+    {"without names that are its address's", "1:A=dold 2:- | 1:- 2:A=!", "moved 2:A from 1"},
+    {"with its own name", "1:A=mown 2:- | 1:- 2:A", "moved 2:A=own from 1"},
+    {"to the address of a host without a card", "1:A 2:* | 1:- 2:A | 1:- 2:-",
+     "moved 2:A from 1 | "},
+};
+constexpr Row Turns[] = {
+    {"replaced", "1:A | 1:B | 1:B | 1:B", "other 1:B was A |  | "},
+    {"takes turns", "1:A | 1:B | 1:A | 1:B | 1:C | 1:A | 1:C",
+     "other 1:B was A |  |  | other 1:C was B |  | "},
+    {"replaced while it sleeps", "1:A | 1:- | 1:B | 1:- | 1:-",
+     " | other 1:B was A |  | gone 1:B at 2"},
+    {"the replaced one appears elsewhere", "1:A 2:- | 1:B 2:- | 1:B 2:A",
+     "other 1:B was A | moved 2:A from 1"},
+    {"the replaced one is at another address too", "1:A 2:A 3:- | 1:B 2:A 3:- | 1:B 2:A 3:A",
+     "other 1:B was A | new 3:A"},
+    {"replaced, and the other one goes", "1:A | 1:B | 1:- | 1:- | 1:A | 1:- | 1:-",
+     "other 1:B was A |  | gone 1:B at 1 |  |  | gone 1:A at 4"},
+    {"gone, another one, and back", "1:A | 1:- | 1:- | 1:B | 1:A | 1:B | 1:- | 1:-",
+     " | gone 1:A at 0 | new 1:B | back 1:A at 0 |  |  | gone 1:B at 5"},
+};
+constexpr Row Several[] = {
+    {"at two addresses", "1:A 2:- | 1:A 2:A | 1:A 2:A", "new 2:A | "},
+    {"not at one of them any longer", "1:A 2:A | 1:A 2:- | 1:A 2:- | 1:A 2:- | 1:- 2:- | 1:- 2:-",
+     " |  |  | gone 2:A at 0 | gone 1:A at 3"},
+    {"one of them changes", "1:A 2:A 3:- | 1:A 2:- 3:A", "moved 3:A from 2"},
+    {"both change", "1:A 2:A 3:- 4:- | 1:- 2:- 3:A 4:A", "moved 3:A from 1, moved 4:A from 2"},
+    {"one becomes two", "1:A 2:- 3:- | 1:- 2:A 3:A", "moved 2:A from 1, moved 3:A from 1"},
+    {"answers for others", "1:A 2:B 3:C | 1:A 2:A 3:A | 1:A 2:B 3:C | 1:A 2:A 3:A",
+     "other 2:A was B, other 3:A was C |  | "},
+};
+constexpr Row Networks[] = {
+    {"not swept now", "1:A 2:B | 2:B | 2:B | 2:B | 1:- 2:B | 1:- 2:B", " |  |  |  | gone 1:A at 0"},
+    {"sweeps of others between", "1:A | 1:- | 2:B | 1:-", " | new 2:B | gone 1:A at 0"},
+    {"new elsewhere", "1:A | 2:A | 1:- | 1:- | 1:- | 2:A", "new 2:A |  |  |  | "},
+    {"other elsewhere", "1:A 2:B | 2:A | 1:- 2:A | 1:- 2:A", "other 2:A was B |  | "},
+    {"gone once", "1:A | 2:A | 1:- 2:- | 1:- 2:- | 1:- 2:-", "new 2:A |  | gone 2:A at 1 | "},
+    {"to and fro", "1:A | 2:A | 1:A | 2:- | 2:- | 1:- | 1:-",
+     "new 2:A |  |  |  |  | gone 1:A at 2"},
+    {"then moved in the sight of a sweep", "1:A | 2:A | 1:A 2:-", "new 2:A | moved 1:A from 2"},
+    {"from where it was last", "1:A | 2:A | 1:- 3:A", "new 2:A | new 3:A"},
+    {"reserved now", "1:A 2:A | 1:r 2:- | 1:r 2:- | 1:r 2:-", " | gone 2:A at 0 | "},
+};
+constexpr Row Doubts[] = {
+    {"incomplete", "1:A 2:- | 1:- 2:B ... | 1:- 2:B ... | 1:- 2:B ... | 1:- 2:B | 1:- 2:B",
+     "new 2:B |  |  |  | gone 1:A at 0"},
+    {"incomplete after the first", "1:A | 1:- | 1:- ... | 1:-", " |  | gone 1:A at 0"},
+    {"unknown", "1:A | 1:? | 1:? | 1:- | 1:? | 1:-", " |  |  |  | gone 1:A at 0"},
+    {"beyond a router", "1:* | 1:? | 1:? | 1:* 2:* | 1:- 2:- | 1:- 2:- | 2:*",
+     " |  | new 2:* |  |  | "},
+    {"a card unseen for a while", "1:A | 1:* | 1:A | 1:- | 1:* | 1:-", " |  |  |  | gone 1:A at 2"},
+    {"a card seen now", "1:*=da | 1:A=da | 1:- | 1:-", " |  | gone 1:A=a at 1"},
+    {"a card seen now, and another name", "1:*=da | 1:A=db", "renamed 1:A=b from a"},
+    {"a host without a card where one has gone", "1:A | 1:- | 1:- | 1:* | 1:A | 1:*",
+     " | gone 1:A at 0 | new 1:* | back 1:A at 0 | "},
+};
+constexpr Row Names[] = {
+    {"renamed", "1:A=da | 1:A=db | 1:A=db", "renamed 1:A=b from a | "},
+    {"of a host without a card", "1:*=da | 1:*=db", "renamed 1:*=b from a"},
+    {"no name any more", "1:A=da | 1:A | 1:A", "renamed 1:A from a | "},
+    {"a name now", "1:A | 1:A=da | 1:A=da", "renamed 1:A=a from - | "},
+    {"and another card", "1:A=da | 1:B=db | 1:A=dc | 1:A=dd",
+     "other 1:B=b was A |  | renamed 1:A=d from c"},
+    {"nobody could be asked", "1:A=da | 1:A=! | 1:A=da", " | "},
+    {"nobody was asked at first", "1:A=! | 1:A=da | 1:A=db", " | renamed 1:A=b from a"},
+    {"silence", "1:A=mc 2:B=nd | 1:A 2:B | 1:A=mc 2:B=nd | 1:- 2:B | 1:- 2:B",
+     " |  |  | gone 1:A=c at 2"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Lives, Changes, testing::ValuesIn(Lives));
+INSTANTIATE_TEST_SUITE_P(Moves, Changes, testing::ValuesIn(Moves));
+INSTANTIATE_TEST_SUITE_P(Turns, Changes, testing::ValuesIn(Turns));
+INSTANTIATE_TEST_SUITE_P(Several, Changes, testing::ValuesIn(Several));
+INSTANTIATE_TEST_SUITE_P(Networks, Changes, testing::ValuesIn(Networks));
+INSTANTIATE_TEST_SUITE_P(Doubts, Changes, testing::ValuesIn(Doubts));
+INSTANTIATE_TEST_SUITE_P(Names, Changes, testing::ValuesIn(Names));
+
+// What a name means after another. "k": the one before is kept; "c": it has changed; "l": what is
+// told now is taken, without a change.
+TEST(CompareNames, SaysWhichSilenceMeansSomething) {
+  const std::vector<std::string> now = {"",   "!",  "hx", "dx", "mx",  "nx",
+                                        "hy", "dy", "my", "ny", "!my", "!ny"};
+  const std::pair<std::string, std::string> rows[] = {
+      //       -!xxxxyyyy!!
+      //         hdmnhdmnmn
+      {"", "lkcccccccccc"},    {"!", "lkllllllllll"},  {"hx", "ckllllcccckk"},
+      {"dx", "ckllllcccckk"},  {"mx", "kklllkccckck"}, {"nx", "kkllllcccccc"},
+      {"!mx", "kklllkllckck"}, {"!nx", "kklllllllclc"}};
+  for (const auto& [before, expected] : rows) {
+    Finding old;
+    SetName(old, before);
+    std::string result;
+    for (const std::string& name : now) {
+      Finding told;
+      SetName(told, name);
+      result += "klc"[static_cast<int>(CompareNames(old, told))];
+    }
+    EXPECT_EQ(result, expected) << before;
+  }
+}
+
+// What holds after any series of sweeps. Cards come, go, move, share addresses and take turns; some
+// sweeps are incomplete or leave addresses out.
+class Network {
+ public:
+  explicit Network(unsigned seed) : random_(seed) {}
+
+  std::vector<Finding> Sweep(bool& isComplete) {
+    isComplete = Below(5) != 0;
+    std::vector<Finding> findings;
+    const std::uint32_t leftOut = Below(4) == 0 ? Below(Addresses) : Addresses;
+    for (std::uint32_t address = 0; address < Addresses; ++address) {
+      if (Below(3) == 0) hosts_[address] = "-?*ABCDE"[Below(8)];
+      if (address == leftOut) continue;
+      const std::string name = std::string("dmn")[Below(3)] + std::string(1, "xy"[Below(2)]);
+      findings.push_back(ParseFinding(std::to_string(address) + ':' + hosts_[address] +
+                                      (Below(3) == 0 ? "" : '=' + name)));
+    }
+    return findings;
+  }
+
+ private:
+  static constexpr std::uint32_t Addresses = 4;
+  std::uint32_t Below(std::uint32_t limit) { return static_cast<std::uint32_t>(random_() % limit); }
+
+  std::mt19937 random_;
+  std::string hosts_ = std::string(Addresses, '-');
+};
+
+bool IsUpAt(const std::vector<Finding>& findings, const std::string& card) {
+  return std::any_of(findings.begin(), findings.end(),
+                     [&](const Finding& finding) { return finding.HardwareAddress == card; });
+}
+
+void CheckSeen(const std::vector<SeenHost>& seen) {
+  std::set<std::pair<std::uint32_t, std::string>> keys;
+  std::set<std::uint32_t> owned;
+  for (const SeenHost& host : seen) {
+    EXPECT_TRUE(keys.emplace(host.Known.Address, host.Known.HardwareAddress).second);
+    EXPECT_TRUE(!HasAddress(host) || owned.insert(host.Known.Address).second);
+    EXPECT_EQ(host.Known.Name.has_value(), host.Known.Source != NameSource::None);
+    EXPECT_LE(host.FirstSeen, host.LastSeen);
+  }
+}
+
+TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
+  for (unsigned seed = 0; seed < 200; ++seed) {
+    Network network(seed);
+    std::vector<SeenHost> seen;
+    std::set<std::pair<std::uint32_t, std::string>> gone;
+    for (int time = 0; time < 60 && !testing::Test::HasFailure(); ++time) {
+      bool isComplete = false;
+      const std::vector<Finding> findings = network.Sweep(isComplete);
+      const auto compare = [&](std::int64_t second) {
+        Comparison comparison(seen, At(second));
+        for (const Finding& finding : findings) comparison.Add(finding);
+        comparison.End(isComplete);
+        seen = comparison.Seen();
+        CheckSeen(seen);
+        return comparison.Changes();
+      };
+      std::set<std::uint32_t> addresses;
+      for (const Change& change : compare(2 * time)) {
+        const Finding& host = change.Host.Known;
+        const auto key = std::make_pair(host.Address, host.HardwareAddress);
+        EXPECT_TRUE(addresses.insert(host.Address).second) << Described(change);
+        if (change.What == Change::Kind::Gone) {
+          EXPECT_TRUE(isComplete && !host.HardwareAddress.empty()) << Described(change);
+          EXPECT_FALSE(IsUpAt(findings, host.HardwareAddress)) << Described(change);
+          EXPECT_TRUE(gone.insert(key).second) << Described(change);
+        } else {
+          if (change.What == Change::Kind::Moved) gone.erase({change.FromAddress, key.second});
+          const bool wasGone = gone.erase(key) > 0;
+          EXPECT_TRUE(change.What == Change::Kind::Back ? wasGone : true) << Described(change);
+          EXPECT_TRUE(wasGone
+                          ? change.What == Change::Kind::Back || change.What == Change::Kind::Moved
+                          : true)
+              << Described(change);
+        }
+      }
+      // The same again, which the second time can only tell who is gone.
+      for (const Change& change : compare(2 * time + 1)) {
+        EXPECT_EQ(change.What, Change::Kind::Gone) << Described(change);
+        const auto key =
+            std::make_pair(change.Host.Known.Address, change.Host.Known.HardwareAddress);
+        EXPECT_TRUE(gone.insert(key).second) << Described(change);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace hostsweep
