@@ -3,19 +3,26 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
+#include <ctime>
 #include <map>
 #include <random>
 #include <set>
 #include <sstream>
+#include <stdexcept>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "network/changes/change.h"
+#include "network/changes/change_lines.h"
 #include "network/changes/comparison.h"
 #include "network/changes/name_news.h"
 #include "network/changes/seen_host.h"
+#include "network/changes/seen_line.h"
 #include "network/engine/finding.h"
+#include "network/report/makers.h"
 
 namespace hostsweep {
 namespace {
@@ -58,6 +65,7 @@ std::string Described(const Change& change) {
   if (host.Name) text += '=' + *host.Name;
   if (change.What == Change::Kind::Moved) text += " from " + std::to_string(change.FromAddress);
   if (change.What == Change::Kind::Renamed) text += " from " + change.FromName.value_or("-");
+  if (change.Host.FirstSeen != At(0) && change.What == Change::Kind::Moved) text += " since later";
   if (!change.WasCard.empty()) text += " was " + change.WasCard;
   const bool hasTime = change.What == Change::Kind::Gone || change.What == Change::Kind::Back;
   if (hasTime) text += " at " + std::to_string(change.LastSeen.time_since_epoch().count());
@@ -145,6 +153,8 @@ constexpr Row Moves[] = {
     {"not sure that it has left", "1:A 2:- | 1:? 2:A ... | 1:- 2:A | 1:- 2:A", "new 2:A |  | "},
     {"without names that are its address's", "1:A=dold 2:- | 1:- 2:A=!", "moved 2:A from 1"},
     {"with its own name", "1:A=mown 2:- | 1:- 2:A", "moved 2:A=own from 1"},
+    {"not sure that it can be anywhere else", "1:A 2:- | 1:r 2:A", "new 2:A"},
+    {"from where it was last", "1:A 2:A 3:- | 1:- 2:A 3:- | 1:- 2:- 3:A", " | moved 3:A from 2"},
     {"to the address of a host without a card", "1:A 2:* | 1:- 2:A | 1:- 2:-",
      "moved 2:A from 1 | "},
 };
@@ -254,7 +264,8 @@ class Network {
     std::vector<Finding> findings;
     const std::uint32_t leftOut = Below(4) == 0 ? Below(Addresses) : Addresses;
     for (std::uint32_t address = 0; address < Addresses; ++address) {
-      if (Below(3) == 0) hosts_[address] = "-?*ABCDE"[Below(8)];
+      const char* const all[] = {"-", "?", "*", "0A", "0B", "0C", "0D", "0E"};
+      if (Below(3) == 0) hosts_[address] = all[Below(8)];
       if (address == leftOut) continue;
       const std::string name = std::string("dmn")[Below(3)] + std::string(1, "xy"[Below(2)]);
       findings.push_back(ParseFinding(std::to_string(address) + ':' + hosts_[address] +
@@ -268,7 +279,7 @@ class Network {
   std::uint32_t Below(std::uint32_t limit) { return static_cast<std::uint32_t>(random_() % limit); }
 
   std::mt19937 random_;
-  std::string hosts_ = std::string(Addresses, '-');
+  std::vector<std::string> hosts_ = std::vector<std::string>(Addresses, "-");
 };
 
 bool IsUpAt(const std::vector<Finding>& findings, const std::string& card) {
@@ -282,7 +293,6 @@ void CheckSeen(const std::vector<SeenHost>& seen) {
   for (const SeenHost& host : seen) {
     EXPECT_TRUE(keys.emplace(host.Known.Address, host.Known.HardwareAddress).second);
     EXPECT_TRUE(!HasAddress(host) || owned.insert(host.Known.Address).second);
-    EXPECT_EQ(host.Known.Name.has_value(), host.Known.Source != NameSource::None);
     EXPECT_LE(host.FirstSeen, host.LastSeen);
   }
 }
@@ -330,7 +340,155 @@ TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
         EXPECT_TRUE(gone.insert(key).second) << Described(change);
       }
     }
+    // The file can have each of these hosts, and gives it back.
+    for (const SeenHost& host : seen) {
+      Makers makers;
+      std::string line = FormatSeenLine(host, makers);
+      line.pop_back();
+      EXPECT_EQ(FormatSeenLine(ParseSeenLine(line), makers), line + '\n');
+    }
   }
+}
+
+// The line of a host with everything, in which `from` stands for another text.
+std::string SeenLine(const std::string& from = "", const std::string& to = "") {
+  std::string line =
+      R"({"address":"10.0.0.7","name":"nas.lan","hardware_address":"00-1A-2B-3C-4D-5E","maker":null,)"
+      R"("up":false,"name_source":"mdns","first_seen":"2026-02-28T23:59:59Z",)"
+      R"("last_seen":"2027-01-02T03:04:05Z","state":"gone","looked_up":true,"version":1})";
+  const std::size_t position = line.find(from);
+  return line.replace(position, from.size(), to);
+}
+
+std::string Refusal(const std::string& line) {
+  try {
+    ParseSeenLine(line);
+    return "taken";
+  } catch (const std::invalid_argument& error) {
+    return error.what();
+  }
+}
+
+TEST(SeenLine, IsReadAsItIsWritten) {
+  Makers makers("/nonexistent");
+  for (const std::string& line :
+       {SeenLine(), SeenLine(R"("gone","looked_up":true)", R"("here","looked_up":false)"),
+        SeenLine("nas.lan", R"(B\"\\Büro)"), SeenLine(R"("nas.lan")", R"("")"),
+        SeenLine("false", "null")}) {
+    EXPECT_EQ(FormatSeenLine(ParseSeenLine(line), makers), line + '\n');
+  }
+  // As another program puts it, and with a maker that this machine does not know.
+  EXPECT_EQ(
+      FormatSeenLine(ParseSeenLine(SeenLine(R"("maker":null)", R"( "maker" : "A" )")), makers),
+      SeenLine() + '\n');
+}
+
+TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
+  const std::tuple<std::string, std::string, std::string> rows[] = {
+      {"{", "", "is not an object of JSON"},
+      {SeenLine(), "[]", "is not an object of JSON"},
+      {"\"version\":1", "\"version\":2", "is of a later version of hostsweep-network"},
+      {"\"version\":1", "\"version\":0", "version"},
+      {"\"version\":1", "\"version\":1.0", "version"},
+      {",\"version\":1", "", "has no version"},
+      {"\"version\":1", "\"version\":1,\"\\u001b\":1", "has an unknown ?"},
+      {"10.0.0.7", "10.0.0.256", "address"},
+      {"\"10.0.0.7\"", "null", "address"},
+      {"\"nas.lan\"", "7", "name"},
+      {"\"nas.lan\"", "null", "name_source"},
+      {"nas.lan", "nas\\u001b[2J", "name"},
+      {"nas.lan", "nas\x80", "is not an object of JSON"},
+      {"nas.lan", "nas\\u202e", "name"},
+      {"\"mdns\"", "null", "name_source"},
+      {"mdns", "finger", "name_source"},
+      {"00-1A", "00-1G", "hardware_address"},
+      {"00-1A", "00--A", "hardware_address"},
+      {"\"00-1A-2B-3C-4D-5E\"", "\"\"", "hardware_address"},
+      {"\"00-1A-2B-3C-4D-5E\"", "null", "state"},
+      {"false", "0", "up"},
+      {"2026-02-28", "2026-02-29", "first_seen"},
+      {"23:59:59", "23:59:60", "first_seen"},
+      {"23:59:59", "24:00:00", "first_seen"},
+      {"2026", "1969", "first_seen"},
+      {"2027-01-02T", "2027-01-02 ", "last_seen"},
+      {"2027", "12027", "last_seen"},
+      {"03:04:05Z", "-3:04:05Z", "last_seen"},
+      {"gone", "dead", "state"},
+      {"\"gone\"", "[{}]", "state"},
+      {"true", "\"yes\"", "looked_up"}};
+  for (const auto& [from, to, what] : rows) {
+    const std::string wrong = "has a value that is wrong for " + what;
+    const std::string refusal = Refusal(SeenLine(from, to));
+    EXPECT_TRUE(refusal == what || refusal == wrong) << to << ": " << refusal;
+  }
+}
+
+std::vector<Change> SomeChanges() {
+  std::vector<Change> changes(5);
+  for (Change& change : changes) {
+    change.Host.Known = ParseFinding("167772167:02-00-00-00-00-07");
+    change.LastSeen = At(1795485909);
+  }
+  changes[0].Host.Known.Address = 0xC0A8012B;
+  changes[0].Host.Known.Name = "b\xC3\xBCro\x1B";
+  changes[1].What = Change::Kind::Moved;
+  changes[1].FromAddress = 0x0A000008;
+  changes[1].WasCard = "02-00-00-00-00-08";
+  changes[2].What = Change::Kind::Renamed;
+  changes[2].FromName = "a\x1B";
+  changes[3].What = Change::Kind::Gone;
+  changes[3].Host.Known = ParseFinding("1:*=n" + std::string(50, 'n'));
+  changes[4].What = Change::Kind::Renamed;
+  return changes;
+}
+
+TEST(ChangeLines, AreAlignedAndSafeForATerminal) {
+  Makers makers("/nonexistent");
+  setenv("TZ", "UTC-2", 1);
+  tzset();
+  const std::string host = "10.0.0.7      02-00-00-00-00-07  (locally administered)  ";
+  const std::string gap(32, ' ');
+  EXPECT_EQ(FormatChanges(SomeChanges(), makers),
+            "new      192.168.1.43  02-00-00-00-00-07  (locally administered)  büro?\n"
+            "moved    " +
+                host + "-" + gap +
+                "         from 10.0.0.8  was 02-00-00-00-00-08\n"
+                "renamed  " +
+                host + "-" + gap +
+                "         from a?\n"
+                "gone     0.0.0.1       -                  -                       " +
+                std::string(50, 'n') +
+                "  last seen 2026-11-24 04:05\n"
+                "renamed  " +
+                host + "-" + gap + "         from -\n");
+  EXPECT_EQ(FormatChanges({}, makers), "");
+}
+
+TEST(ChangeLines, HaveInJsonWhatApplies) {
+  Makers makers("/nonexistent");
+  const std::string host =
+      R"("address":"10.0.0.7","name":null,"hardware_address":"02-00-00-00-00-07",)"
+      R"x("maker":"(locally administered)","up":true,"name_source":null)x";
+  std::vector<Change> changes = SomeChanges();
+  changes.erase(changes.begin());
+  changes[2].Host.Known = changes[0].Host.Known;
+  changes[2].What = Change::Kind::Back;
+  EXPECT_EQ(FormatChangesInJson(changes, makers),
+            R"({"change":"moved",)" + host +
+                R"(,"from":"10.0.0.8","was":"02-00-00-00-00-08"})"
+                "\n"
+                R"({"change":"renamed",)" +
+                host +
+                R"(,"from":"a\u001b"})"
+                "\n"
+                R"({"change":"back",)" +
+                host +
+                R"(,"last_seen":"2026-11-24T02:05:09Z"})"
+                "\n"
+                R"({"change":"renamed",)" +
+                host +
+                R"(,"from":null})"
+                "\n");
 }
 
 }  // namespace

@@ -313,7 +313,9 @@ TEST(TimeLeft, NeverGrows) {
 TEST(ReportWriter, TellsFreeAddressesOnlyAfterACompleteSweep) {
   const std::vector<Network> networks = {ParseNetwork("10.0.0.1-10.0.0.6")};
   for (const bool isComplete : {false, true}) {
-    ReportWriter report(networks, Format::Map, {Selection::Free, false, 32});
+    Makers makers;
+    ReportWriter report(networks, Selection::Free,
+                        MakeFormatter(Format::Map, {Selection::Free, false, 32}, makers));
     report.Add({0x0A000001, "nas", "", Presence::Absent});
     report.Add({0x0A000002, {}, "", Presence::Absent});
     report.Add({0x0A000003, {}, "01-02", Presence::Up});

@@ -307,7 +307,7 @@ std::string Report(Format format, const Layout& layout, const std::vector<Findin
   const std::unique_ptr<Formatter> formatter = MakeFormatter(format, layout, makers);
   std::string text = formatter->Begin();
   for (const Finding& finding : findings) text += formatter->Add(finding);
-  return text + formatter->End();
+  return text + formatter->End(true);
 }
 
 TEST(Formatter, WritesHostileNamesSafely) {

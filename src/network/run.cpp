@@ -4,10 +4,12 @@
 #include <cstdio>
 #include <exception>
 #include <new>
+#include <optional>
 #include <string>
 #include <system_error>
 
 #include "app/version.h"
+#include "network/changes/changes_file.h"
 #include "network/plan/options.h"
 #include "network/plan/plan.h"
 #include "network/plan/usage_error.h"
@@ -38,16 +40,27 @@ int Show(const std::string& text) {
   throw std::system_error(errno, std::generic_category(), "standard output");
 }
 
+// Only now, when standard output has taken the changes: a change that is kept is not reported
+// again.
+void Keep(ChangesFile& changes) {
+  changes.Keep();
+  const std::string beginning = changes.BeginningInWords();
+  if (!beginning.empty()) Remark(beginning);
+}
+
 int Sweep(const Options& options, bool ignoresBrokenPipes) {
+  std::optional<ChangesFile> changes;
+  if (options.ChangesFile) changes.emplace(options);
   NetworkStack stack;
   const Plan plan = MakePlan(options, stack);
   for (const std::string& note : plan.Notes) Remark(note);
   if (plan.IsRefused || plan.Networks.empty()) return Incomplete;
-  const SessionEnd end = RunSession(options, plan, stack);
+  const SessionEnd end = RunSession(options, plan, stack, changes ? &*changes : nullptr);
   if (end.IsReaderGone) return EndWithoutReader(ignoresBrokenPipes);
-  if (!end.Summary.empty()) PrintError(end.Summary + "\n");
+  if (!changes && !end.Summary.empty()) PrintError(end.Summary + "\n");
   for (const std::string& reason : end.Reasons) Remark(reason);
   if (end.Hint) Remark(*end.Hint);
+  if (changes) Keep(*changes);
   return end.IsComplete ? Complete : Incomplete;
 }
 

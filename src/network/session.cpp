@@ -6,9 +6,11 @@
 #include <optional>
 #include <system_error>
 
+#include "network/changes/changes_formatter.h"
 #include "network/engine/sweeper.h"
 #include "network/report/format.h"
 #include "network/report/isolation.h"
+#include "network/report/makers.h"
 #include "network/report/progress.h"
 #include "network/report/report_writer.h"
 #include "platform/clock.h"
@@ -47,11 +49,13 @@ std::uint64_t CountAll(const std::vector<Network>& networks) {
 
 class Session {
  public:
-  Session(const Options& options, const Plan& plan, NetworkStack& stack)
+  Session(const Options& options, const Plan& plan, NetworkStack& stack, ChangesFile* changes)
       : leavesOut_(plan.LeavesOut),
         total_(CountAll(plan.Networks)),
         sweeper_(plan.Networks, options.Jobs, options.UsesNames, stack),
-        report_(plan.Networks, FormatOf(options), LayoutOf(options)),
+        report_(plan.Networks, options.Reported,
+                changes != nullptr ? MakeChangesFormatter(*changes)
+                                   : MakeFormatter(FormatOf(options), LayoutOf(options), makers_)),
         progress_(ShowsProgress(), total_, options.Jobs) {
     const bool isTable = FormatOf(options) == Format::Table && !options.ChangesFile;
     if (isTable && options.IsLocal) isolation_.emplace(stack);
@@ -143,6 +147,7 @@ class Session {
   std::uint64_t total_;
   Clock::time_point begin_ = Clock::now();
   Sweeper sweeper_;
+  Makers makers_;
   ReportWriter report_;
   std::optional<Isolation> isolation_;  // only for a table of the local networks
   bool isReported_ = false;
@@ -152,8 +157,9 @@ class Session {
 
 }  // namespace
 
-SessionEnd RunSession(const Options& options, const Plan& plan, NetworkStack& stack) {
-  return Session(options, plan, stack).Run();
+SessionEnd RunSession(const Options& options, const Plan& plan, NetworkStack& stack,
+                      ChangesFile* changes) {
+  return Session(options, plan, stack, changes).Run();
 }
 
 }  // namespace hostsweep

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "network/changes/changes_file.h"
 #include "network/plan/options.h"
 #include "network/plan/plan.h"
 #include "platform/network/network_stack.h"
@@ -20,8 +21,10 @@ struct SessionEnd {
 };
 
 // Sweeps as planned, reports on standard output, and shows the progress on standard error if that
-// is a terminal. Ends as soon as the reader of standard output is known to be gone. Throws
-// `std::system_error` if standard output cannot be written, or the system cannot be asked.
-SessionEnd RunSession(const Options& options, const Plan& plan, NetworkStack& stack);
+// is a terminal. With `changes`, which can be null, only what has changed is reported. Ends as soon
+// as the reader of standard output is known to be gone. Throws `std::system_error` if standard
+// output cannot be written, or the system cannot be asked.
+SessionEnd RunSession(const Options& options, const Plan& plan, NetworkStack& stack,
+                      ChangesFile* changes);
 
 }  // namespace hostsweep

@@ -1,14 +1,10 @@
 // What sweeps have seen of one host at one address.
 #pragma once
 
-#include <chrono>
-
+#include "network/changes/sweep_time.h"
 #include "network/engine/finding.h"
 
 namespace hostsweep {
-
-// In UTC.
-using SweepTime = std::chrono::time_point<std::chrono::system_clock, std::chrono::seconds>;
 
 // A host is its card, which its hardware address names. A host beyond a router has none that could
 // be seen: it is its address.

@@ -177,7 +177,7 @@ std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stac
   if (!options.IsLocal) return NamedNetworks(options, stack, plan);
   std::vector<Network> leftOut;
   std::vector<Network> networks = LocalNetworks(stack.Devices(), leftOut);
-  if (!leftOut.empty()) {
+  if (!leftOut.empty() && (networks.empty() || !options.ChangesFile)) {
     plan.Notes.push_back(
         NamesOf(leftOut) +
         ": left out, as larger than a /20; give it, or a part of at most a /16, as an argument");
@@ -226,7 +226,7 @@ Plan MakePlan(const Options& options, NetworkStack& stack) {
   }
   plan.LeavesOut = plan.LeavesOut || !reach.Down.empty() || !reach.Unreachable.empty();
   plan.Networks = reach.Reachable;
-  if (!reach.Beyond.empty()) NoteBeyond(options, reach.Beyond, plan);
+  if (!reach.Beyond.empty() && !options.ChangesFile) NoteBeyond(options, reach.Beyond, plan);
   return plan;
 }
 

@@ -14,7 +14,8 @@ struct Plan {
   std::vector<Network> Networks;   // to be swept; no address is in two of them
   bool LeavesOut = false;          // a network that was asked for is not swept
   bool IsRefused = false;          // the options ask for something that cannot be seen from here
-  std::vector<std::string> Notes;  // sentences for the user, to be said before the sweep
+  std::vector<std::string> Notes;  // sentences for the user, to be said before the sweep; with
+                                   // `ChangesFile` only those that make it incomplete
 };
 
 // For messages where the local networks may not be those that the user means.

@@ -18,8 +18,8 @@ struct Layout {
   std::uint32_t MapWidth = 32;  // addresses in a row of a map, more than 0
 };
 
-// The text of a report is that of `Begin`, of each finding in order, and of `End`. Each of these
-// pieces consists of whole lines, or is empty.
+// The text of a report is that of `Begin`, of each finding in order, and of `End`, which is told
+// whether the sweep is complete. Each of these pieces consists of whole lines, or is empty.
 class Formatter {
  public:
   Formatter() = default;
@@ -29,7 +29,7 @@ class Formatter {
 
   virtual std::string Begin() { return {}; }
   virtual std::string Add(const Finding& finding) = 0;
-  virtual std::string End() { return {}; }
+  virtual std::string End(bool /*isComplete*/) { return {}; }
 };
 
 //   lines  the report line of hostsweep

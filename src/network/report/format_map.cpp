@@ -20,21 +20,23 @@ class MapFormatter : public Formatter {
 
   std::string Add(const Finding& finding) override {
     std::string rows;
-    if (finding.Address != next_) rows += End();
+    if (finding.Address != next_) rows += EndRow();
     if (row_.empty()) Label(finding.Address);
     row_ += Mark(finding, layout_.Reported);
     next_ = finding.Address + 1;
-    if (next_ % layout_.MapWidth == 0) rows += End();
+    if (next_ % layout_.MapWidth == 0) rows += EndRow();
     return rows;
   }
 
-  std::string End() override {
+  std::string End(bool /*isComplete*/) override { return EndRow(); }
+
+ private:
+  std::string EndRow() {
     std::string row;
     row.swap(row_);
     return row.empty() ? row : row + '\n';
   }
 
- private:
   // Begins a row, in which the column of an address is its remainder by the width.
   void Label(std::uint32_t address) {
     constexpr std::size_t LabelWidth = 16;

@@ -2,14 +2,15 @@
 
 #include <array>
 #include <cstdio>
+#include <utility>
 
 namespace hostsweep {
 
-ReportWriter::ReportWriter(const std::vector<Network>& networks, Format format,
-                           const Layout& layout)
+ReportWriter::ReportWriter(const std::vector<Network>& networks, Selection reported,
+                           std::unique_ptr<Formatter> formatter)
     : networks_(networks),
-      isOfFree_(layout.Reported == Selection::Free),
-      formatter_(MakeFormatter(format, layout, makers_)) {
+      isOfFree_(reported == Selection::Free),
+      formatter_(std::move(formatter)) {
   if (!isOfFree_) pending_.Add(formatter_->Begin());
 }
 
@@ -27,7 +28,7 @@ void ReportWriter::Add(const Finding& finding) {
 
 void ReportWriter::End(bool isComplete) {
   if (!isOfFree_) {
-    pending_.Add(formatter_->End());
+    pending_.Add(formatter_->End(isComplete));
   } else if (isComplete) {
     pending_.Add(formatter_->Begin());
     toAdd_.emplace(networks_);
@@ -52,7 +53,7 @@ bool ReportWriter::AddFree() {
 void ReportWriter::AddNext() {
   const std::optional<std::uint32_t> address = toAdd_->Next();
   if (!address) {
-    pending_.Add(formatter_->End());
+    pending_.Add(formatter_->End(true));
     toAdd_.reset();
     return;
   }

@@ -13,7 +13,6 @@
 #include "network/engine/finding.h"
 #include "network/plan/network.h"
 #include "network/report/format.h"
-#include "network/report/makers.h"
 #include "platform/output_queue.h"
 
 namespace hostsweep {
@@ -21,8 +20,9 @@ namespace hostsweep {
 // Turns the findings of a sweep, in their order, into the text for standard output.
 class ReportWriter {
  public:
-  // A report on all addresses of these networks, which must outlive it.
-  ReportWriter(const std::vector<Network>& networks, Format format, const Layout& layout);
+  // A report on all addresses of these networks, which must outlive it, in the formatter's form.
+  ReportWriter(const std::vector<Network>& networks, Selection reported,
+               std::unique_ptr<Formatter> formatter);
 
   void Add(const Finding& finding);
 
@@ -46,7 +46,6 @@ class ReportWriter {
 
   const std::vector<Network>& networks_;
   bool isOfFree_;
-  Makers makers_;
   std::unique_ptr<Formatter> formatter_;
   OutputQueue pending_;
   std::vector<std::uint32_t> free_;

@@ -1,0 +1,174 @@
+#include "network/changes/seen_line.h"
+
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "network/plan/address.h"
+#include "network/report/json_fields.h"
+#include "platform/text/json_text.h"
+#include "platform/text/printable.h"
+
+namespace hostsweep {
+namespace {
+
+constexpr unsigned Version = 1;
+
+using State = SeenHost::State;
+constexpr std::array<std::pair<std::string_view, State>, 5> States = {
+    {{"here", State::Here},
+     {"missed", State::Missed},
+     {"gone", State::Gone},
+     {"replaced", State::Replaced},
+     {"left", State::Left}}};
+
+std::string_view WordFor(State state) {
+  const auto found = std::find_if(States.begin(), States.end(),
+                                  [&](const auto& known) { return known.second == state; });
+  return found->first;
+}
+
+[[noreturn]] void Refuse(const std::string& what) { throw std::invalid_argument(what); }
+
+// One line as it is read. Each field is taken once, and none may be left.
+class Reader {
+ public:
+  explicit Reader(const std::string& line) : object_(nlohmann::json::parse(line, nullptr, false)) {
+    if (!object_.is_object()) Refuse("is not an object of JSON");
+  }
+
+  nlohmann::json Take(const char* name) {
+    const auto found = object_.find(name);
+    if (found == object_.end()) Refuse(std::string("has no ") + name);
+    nlohmann::json value = std::move(*found);
+    object_.erase(found);
+    return value;
+  }
+
+  // A text that a terminal can show; nothing for null.
+  std::optional<std::string> TakeText(const char* name) {
+    const nlohmann::json value = Take(name);
+    if (value.is_null()) return {};
+    if (!value.is_string()) RefuseValue(name);
+    const auto& text = value.get_ref<const std::string&>();
+    if (Printable(text) != text) RefuseValue(name);
+    return text;
+  }
+
+  std::string TakeWord(const char* name) {
+    const std::optional<std::string> text = TakeText(name);
+    if (!text) RefuseValue(name);
+    return *text;
+  }
+
+  std::optional<bool> TakeTruth(const char* name) {
+    const nlohmann::json value = Take(name);
+    if (value.is_null()) return {};
+    if (!value.is_boolean()) RefuseValue(name);
+    return value.get<bool>();
+  }
+
+  SweepTime TakeTime(const char* name) {
+    const std::optional<SweepTime> time = ParseTime(TakeWord(name));
+    if (!time) RefuseValue(name);
+    return *time;
+  }
+
+  void CheckVersion() {
+    const nlohmann::json version = Take("version");
+    if (!version.is_number_unsigned() || version == 0U) RefuseValue("version");
+    if (version > Version) Refuse("is of a later version of hostsweep-network");
+  }
+
+  void CheckEnd() const {
+    if (!object_.empty()) Refuse("has an unknown " + Printable(object_.begin().key()));
+  }
+
+  [[noreturn]] static void RefuseValue(const std::string& name) {
+    Refuse("has a value that is wrong for " + name);
+  }
+
+ private:
+  nlohmann::json object_;
+};
+
+// Digits in groups, as findings have them.
+bool IsHardwareAddress(std::string_view text) {
+  constexpr std::size_t GroupSize = 3;
+  if (text.size() % GroupSize != 2) return false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::string_view allowed = i % GroupSize == 2 ? "-:" : "0123456789ABCDEFabcdef";
+    if (allowed.find(text[i]) == std::string_view::npos) return false;
+  }
+  return true;
+}
+
+std::string ReadHardwareAddress(Reader& reader) {
+  const std::optional<std::string> text = reader.TakeText("hardware_address");
+  if (!text) return {};
+  if (!IsHardwareAddress(*text)) Reader::RefuseValue("hardware_address");
+  return *text;
+}
+
+NameSource ReadSource(Reader& reader) {
+  const std::string word = reader.TakeText("name_source").value_or("");
+  for (const NameSource source : {NameSource::None, NameSource::Hosts, NameSource::Dns,
+                                  NameSource::Mdns, NameSource::NetBios}) {
+    if (hostsweep::WordFor(source) == word) return source;
+  }
+  Reader::RefuseValue("name_source");
+}
+
+Presence ReadPresence(Reader& reader) {
+  const std::optional<bool> isUp = reader.TakeTruth("up");
+  if (!isUp) return Presence::Unknown;
+  return *isUp ? Presence::Up : Presence::Absent;
+}
+
+State ReadState(Reader& reader) {
+  const std::string word = reader.TakeWord("state");
+  for (const auto& [known, state] : States) {
+    if (known == word) return state;
+  }
+  Reader::RefuseValue("state");
+}
+
+}  // namespace
+
+std::string FormatSeenLine(const SeenHost& host, Makers& makers) {
+  return '{' + JsonFields(host.Known, makers) + R"(,"first_seen":")" + FormatTime(host.FirstSeen) +
+         R"(","last_seen":")" + FormatTime(host.LastSeen) + R"(","state":")" +
+         std::string(WordFor(host.Whereabouts)) + R"(","looked_up":)" +
+         (host.Known.IsLookedUp ? "true" : "false") + R"(,"version":)" + std::to_string(Version) +
+         "}\n";
+}
+
+SeenHost ParseSeenLine(const std::string& line) {
+  Reader reader(line);
+  reader.CheckVersion();
+  SeenHost host;
+  const std::optional<std::uint32_t> address = ParseAddress(reader.TakeWord("address"));
+  if (!address) Reader::RefuseValue("address");
+  host.Known.Address = *address;
+  host.Known.Name = reader.TakeText("name");
+  host.Known.HardwareAddress = ReadHardwareAddress(reader);
+  reader.Take("maker");
+  host.Known.Host = ReadPresence(reader);
+  host.Known.Source = ReadSource(reader);
+  host.FirstSeen = reader.TakeTime("first_seen");
+  host.LastSeen = reader.TakeTime("last_seen");
+  host.Whereabouts = ReadState(reader);
+  host.Known.IsLookedUp = reader.TakeTruth("looked_up").value_or(false);
+  reader.CheckEnd();
+  const bool hasSource = host.Known.Source != NameSource::None;
+  if (host.Known.Name.has_value() != hasSource) Reader::RefuseValue("name_source");
+  const bool isLost = host.Known.HardwareAddress.empty() && host.Whereabouts != State::Here;
+  if (isLost) Reader::RefuseValue("state");
+  return host;
+}
+
+}  // namespace hostsweep

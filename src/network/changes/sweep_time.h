@@ -1,0 +1,23 @@
+// The time of a sweep, and its text.
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace hostsweep {
+
+// In UTC.
+using SweepTime = std::chrono::time_point<std::chrono::system_clock, std::chrono::seconds>;
+
+// Like 2026-11-23T13:05:09Z (RFC 3339), for a time from the year 1970 to 9999.
+std::string FormatTime(SweepTime time);
+
+// The time that such a text is; nothing for any other text.
+std::optional<SweepTime> ParseTime(std::string_view text);
+
+// Like 2026-11-23 14:05, in the local time of the user.
+std::string FormatLocalTime(SweepTime time);
+
+}  // namespace hostsweep
