@@ -61,7 +61,7 @@ class Judge {
   std::vector<SeenHost> Seen() {
     std::vector<SeenHost> seen;
     for (std::size_t i = 0; i < now_.size(); ++i) {
-      if (merged_.count(i) == 0) seen.push_back(std::move(now_[i]));
+      if (!merged_.contains(i)) seen.push_back(std::move(now_[i]));
     }
     std::sort(seen.begin(), seen.end(), IsBefore);
     return seen;
@@ -126,7 +126,7 @@ class Judge {
     if (finding.Host != Presence::Absent || !isComplete_ || !HasCard(host)) return;
     if (host.Whereabouts == State::Here) {
       host.Whereabouts = State::Missed;
-    } else if (upCards_.count(CardOf(host)) == 0) {
+    } else if (!upCards_.contains(CardOf(host))) {
       host.Whereabouts = State::Gone;
       Change change;
       change.What = Change::Kind::Gone;
@@ -170,8 +170,8 @@ class Judge {
   }
 
   [[nodiscard]] bool IsBetterOrigin(Index candidate, Index than) const {
-    const bool isUsed = origins_.count(candidate) != 0;
-    const bool isOtherUsed = origins_.count(than) != 0;
+    const bool isUsed = origins_.contains(candidate);
+    const bool isOtherUsed = origins_.contains(than);
     if (isUsed != isOtherUsed) return isOtherUsed;
     return before_[candidate].LastSeen > before_[than].LastSeen;
   }
@@ -211,9 +211,9 @@ class Judge {
   void LeaveOthers() {
     for (Index i = 0; i < before_.size(); ++i) {
       SeenHost& host = now_[i];
-      if (!HasCard(host) || upCards_.count(CardOf(host)) == 0) continue;
-      const bool isSwept = found_.count(host.Known.Address) != 0;
-      const bool hasLeft = origins_.count(i) != 0 || host.Whereabouts == State::Replaced ||
+      if (!HasCard(host) || !upCards_.contains(CardOf(host))) continue;
+      const bool isSwept = found_.contains(host.Known.Address);
+      const bool hasLeft = origins_.contains(i) || host.Whereabouts == State::Replaced ||
                            (HasAddress(host) && !isSwept);
       if (!hasLeft) continue;
       host.Whereabouts = State::Left;

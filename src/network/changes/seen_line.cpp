@@ -1,6 +1,5 @@
 #include "network/changes/seen_line.h"
 
-#include <algorithm>
 #include <array>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -27,9 +26,10 @@ constexpr std::array<std::pair<std::string_view, State>, 5> States = {
      {"left", State::Left}}};
 
 std::string_view WordFor(State state) {
-  const auto found = std::find_if(States.begin(), States.end(),
-                                  [&](const auto& known) { return known.second == state; });
-  return found->first;
+  for (const auto& [word, known] : States) {
+    if (known == state) return word;
+  }
+  return {};
 }
 
 [[noreturn]] void Refuse(const std::string& what) { throw std::invalid_argument(what); }
