@@ -192,6 +192,8 @@ constexpr Row Networks[] = {
     {"to and fro", "1:A | 2:A | 1:A | 2:- | 2:- | 1:- | 1:-",
      "new 2:A |  |  |  |  | gone 1:A at 2"},
     {"then moved in the sight of a sweep", "1:A | 2:A | 1:A 2:-", "new 2:A | moved 1:A from 2"},
+    {"another card where it was", "1:A | 2:A | 1:B 2:A", "new 2:A | other 1:B was A"},
+    {"another name where it was", "1:A=da | 2:A | 1:A=db", "new 2:A | renamed 1:A=b from a"},
     {"from where it was last", "1:A | 2:A | 1:- 3:A", "new 2:A | new 3:A"},
     {"reserved now", "1:A 2:A | 1:r 2:- | 1:r 2:- | 1:r 2:-", " | gone 2:A at 0 | "},
 };

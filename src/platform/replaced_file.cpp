@@ -143,6 +143,7 @@ void ReplacedFile::FindDirectory() {
 }
 
 bool ReplacedFile::ReadLine(std::string& line) {
+  constexpr std::size_t LongestPart = 1U << 24U;
   line.clear();
   for (;;) {
     const std::size_t end = buffer_.find('\n', read_);
@@ -152,6 +153,8 @@ bool ReplacedFile::ReadLine(std::string& line) {
       return true;
     }
     line.append(buffer_, read_);
+    read_ = buffer_.size();
+    if (line.size() >= LongestPart) return true;
     buffer_.resize(1U << 14U);
     read_ = 0;
     const ssize_t count =

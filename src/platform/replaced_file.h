@@ -28,7 +28,8 @@ class ReplacedFile {
   // opened then, and nothing else may be called.
   [[nodiscard]] bool IsRegular() const { return isRegular_; }
 
-  // Reads the next line, without its end; false if there is none left.
+  // Reads the next line, without its end; false if there is none left. A line of more than 16 MiB
+  // comes in parts.
   bool ReadLine(std::string& line);
 
   // Gives the file this content, with the permissions, and where the system allows it the owner and

@@ -1,11 +1,14 @@
-// What must hold for any bytes that a tool may print or a name server may send, for Clang's
-// libFuzzer. The sanitizers look for everything else.
+// What must hold for any bytes that a tool may print, a name server may send or a file may have,
+// for Clang's libFuzzer. The sanitizers look for everything else.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <stdexcept>
 #include <string>
 
+#include "network/changes/seen_line.h"
 #include "network/engine/pointer_records.h"
+#include "network/report/makers.h"
 #include "platform/text/text_operations.h"
 #include "sweep/hardware_address.h"
 #include "sweep/host_name.h"
@@ -27,6 +30,26 @@ void CheckAnswer(const std::string& message) {
   for (const std::string& name : *names) {
     for (const char byte : name) Require(byte > ' ' && byte < 0x7F);
   }
+}
+
+// A line of the file of `--changes` that is taken is one that can be written. Random bytes are no
+// such line: they take the place of a part of one.
+void CheckSeenLine(const std::string& bytes, std::size_t begin, std::size_t size) {
+  std::string line =
+      R"({"address":"10.0.0.7","name":"nas.lan","hardware_address":"00-1A-2B-3C-4D-5E","maker":null,)"
+      R"("up":false,"name_source":"mdns","first_seen":"2026-02-28T23:59:59Z",)"
+      R"("last_seen":"2027-01-02T03:04:05Z","state":"gone","looked_up":true,"version":1})";
+  line.replace(begin % line.size(), size, bytes);
+  Makers makers("/nonexistent");
+  try {
+    line = FormatSeenLine(ParseSeenLine(line), makers);
+  } catch (const std::invalid_argument&) {
+    return;
+  }
+  Require(line.back() == '\n');
+  line.pop_back();
+  for (const char byte : line) Require(static_cast<unsigned char>(byte) >= ' ' && byte != 0x7F);
+  Require(FormatSeenLine(ParseSeenLine(line), makers) == line + '\n');
 }
 
 void Check(const Text& text, const Text& part, std::int64_t count) {
@@ -51,5 +74,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   hostsweep::Check(bytes.substr(partSize), bytes.substr(0, partSize),
                    static_cast<std::int8_t>(data[1]));
   hostsweep::CheckAnswer(bytes);
+  hostsweep::CheckSeenLine(bytes.substr(1), static_cast<unsigned char>(bytes[0]) * 2U, data[0]);
   return 0;
 }

@@ -91,15 +91,17 @@ class Judge {
   void JudgeHost(const Finding& finding) {
     Place place = PlaceOf(finding);
     const bool isOwner = place.Same && place.Same == place.Owner;
+    const bool isHere = isOwner && IsHere(before_[*place.Same]);
     const bool wasCard = place.Owner && HasCard(before_[*place.Owner]);
     // A card is known here, and what is heard now does not say whether it is that.
     if (wasCard && finding.HardwareAddress.empty()) return;
-    const std::optional<Index> origin = isOwner ? std::nullopt : OriginOf(finding, place);
+    const std::optional<Index> origin = isHere ? std::nullopt : OriginOf(finding, place);
     // The host that had no card is this one, for all that is known.
     if (!origin && !place.Same && !wasCard) place.Same = place.Owner;
     Change change;
     const NameNews news = Keep(finding, place, origin, change.Host);
-    if ((origin || !place.Same) && wasCard) change.WasCard = CardOf(before_[*place.Owner]);
+    if (!isOwner && (origin || !place.Same) && wasCard)
+      change.WasCard = CardOf(before_[*place.Owner]);
     if (origin) {
       change.What = Change::Kind::Moved;
       change.FromAddress = before_[*origin].Known.Address;
@@ -126,6 +128,8 @@ class Judge {
     if (finding.Host != Presence::Absent || !isComplete_ || !HasCard(host)) return;
     if (host.Whereabouts == State::Here) {
       host.Whereabouts = State::Missed;
+    } else if (host.Whereabouts == State::Away) {
+      host.Whereabouts = State::Left;
     } else if (!upCards_.contains(CardOf(host))) {
       host.Whereabouts = State::Gone;
       Change change;
@@ -142,12 +146,12 @@ class Judge {
   std::optional<Index> OriginOf(const Finding& finding, const Place& place) {
     const auto known = ofCard_.find(finding.HardwareAddress);
     if (known == ofCard_.end()) return {};
-    const auto hasAddress = [&](Index i) { return HasAddress(before_[i]); };
-    const bool isAnywhere = std::any_of(known->second.begin(), known->second.end(), hasAddress);
+    const auto isHere = [&](Index i) { return IsHere(before_[i]); };
+    const bool isAnywhere = std::any_of(known->second.begin(), known->second.end(), isHere);
     const bool wasLost = place.Same && IsLost(before_[*place.Same]);
     std::optional<Index> origin;
     for (const Index i : known->second) {
-      const bool isLast = isAnywhere ? hasAddress(i) : IsLost(before_[i]) && !wasLost;
+      const bool isLast = isAnywhere ? isHere(i) : IsLost(before_[i]) && !wasLost;
       if (!isLast || !IsAway(before_[i])) continue;
       if (!origin || IsBetterOrigin(i, *origin)) origin = i;
     }
@@ -206,16 +210,15 @@ class Judge {
     now_[owner].Known.Host = Presence::Absent;
   }
 
-  // Cards that are up have left the addresses that they have moved from, those where they have been
-  // replaced, and those that this sweep leaves out.
+  // Cards that are up have left the addresses that they have moved from, and those where they have
+  // been replaced; they are away from those that this sweep leaves out.
   void LeaveOthers() {
     for (Index i = 0; i < before_.size(); ++i) {
       SeenHost& host = now_[i];
       if (!HasCard(host) || !upCards_.contains(CardOf(host))) continue;
       const bool isSwept = found_.contains(host.Known.Address);
-      const bool hasLeft = origins_.contains(i) || host.Whereabouts == State::Replaced ||
-                           (HasAddress(host) && !isSwept);
-      if (!hasLeft) continue;
+      if (IsHere(host) && !isSwept) host.Whereabouts = State::Away;
+      if (!origins_.contains(i) && host.Whereabouts != State::Replaced) continue;
       host.Whereabouts = State::Left;
       host.Known.Host = Presence::Absent;
     }

@@ -18,9 +18,10 @@ namespace {
 constexpr unsigned Version = 1;
 
 using State = SeenHost::State;
-constexpr std::array<std::pair<std::string_view, State>, 5> States = {
+constexpr std::array<std::pair<std::string_view, State>, 6> States = {
     {{"here", State::Here},
      {"missed", State::Missed},
+     {"away", State::Away},
      {"gone", State::Gone},
      {"replaced", State::Replaced},
      {"left", State::Left}}};

@@ -10,7 +10,7 @@ namespace hostsweep {
 
 // The line with its end: the fields that `JsonFields` writes, and then
 //   first_seen, last_seen   times as `FormatTime` writes them
-//   state                   here, missed, gone, replaced or left, as in `SeenHost`
+//   state                   here, missed, away, gone, replaced or left, as in `SeenHost`
 //   looked_up               whether what /etc/hosts and the name servers say of the name was known
 //   version                 of the form of the line, 1
 std::string FormatSeenLine(const SeenHost& host, Makers& makers);
