@@ -177,6 +177,8 @@ constexpr Row Several[] = {
     {"at two addresses", "1:A 2:- | 1:A 2:A | 1:A 2:A", "new 2:A | "},
     {"not at one of them any longer", "1:A 2:A | 1:A 2:- | 1:A 2:- | 1:A 2:- | 1:- 2:- | 1:- 2:-",
      " |  |  | gone 2:A at 0 | gone 1:A at 3"},
+    {"gone from both, and back at one", "1:A 2:A | 1:- 2:- | 1:- 2:- | 1:A 2:-",
+     " | gone 1:A at 0, gone 2:A at 0 | back 1:A at 0"},
     {"one of them changes", "1:A 2:A 3:- | 1:A 2:- 3:A", "moved 3:A from 2"},
     {"both change", "1:A 2:A 3:- 4:- | 1:- 2:- 3:A 4:A", "moved 3:A from 1, moved 4:A from 2"},
     {"one becomes two", "1:A 2:- 3:- | 1:- 2:A 3:A", "moved 2:A from 1, moved 3:A from 1"},

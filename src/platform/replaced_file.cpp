@@ -59,13 +59,18 @@ bool WriteAll(int file, std::string_view text) {
   return true;
 }
 
-// Without the right to give files away the owner stays the one who replaces.
+// Gives a file the permissions of another one, and its owner and group if that is allowed, or its
+// group alone.
 bool CopyPermissions(int from, int to) {
   struct stat old = {};
   struct stat now = {};
   if (fstat(from, &old) != 0 || fstat(to, &now) != 0) return false;
+  constexpr auto SameOwner = static_cast<uid_t>(-1);
   const bool isSame = old.st_uid == now.st_uid && old.st_gid == now.st_gid;
-  if (!isSame && fchown(to, old.st_uid, old.st_gid) != 0 && errno != EPERM) return false;
+  if (!isSame && fchown(to, old.st_uid, old.st_gid) != 0 &&
+      fchown(to, SameOwner, old.st_gid) != 0) {
+    // It stays this user's.
+  }
   constexpr mode_t Permissions = 07777;
   return fchmod(to, old.st_mode & Permissions) == 0;
 }
