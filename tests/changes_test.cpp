@@ -374,7 +374,7 @@ std::string Refusal(const std::string& line) {
 }
 
 TEST(SeenLine, IsReadAsItIsWritten) {
-  Makers makers("/nonexistent");
+  Makers makers("/nonexistent", "/nonexistent");
   for (const std::string& line :
        {SeenLine(), SeenLine(R"("gone","looked_up":true)", R"("here","looked_up":false)"),
         SeenLine("nas.lan", R"(B\"\\Büro)"), SeenLine(R"("nas.lan")", R"("")"),
@@ -447,7 +447,7 @@ std::vector<Change> SomeChanges() {
 }
 
 TEST(ChangeLines, AreAlignedAndSafeForATerminal) {
-  Makers makers("/nonexistent");
+  Makers makers("/nonexistent", "/nonexistent");
   setenv("TZ", "UTC-2", 1);
   tzset();
   const std::string host = "10.0.0.7      02-00-00-00-00-07  (locally administered)  ";
@@ -469,7 +469,7 @@ TEST(ChangeLines, AreAlignedAndSafeForATerminal) {
 }
 
 TEST(ChangeLines, HaveInJsonWhatApplies) {
-  Makers makers("/nonexistent");
+  Makers makers("/nonexistent", "/nonexistent");
   const std::string host =
       R"("address":"10.0.0.7","name":null,"hardware_address":"02-00-00-00-00-07",)"
       R"x("maker":"(locally administered)","up":true,"name_source":null)x";
