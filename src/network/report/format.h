@@ -43,8 +43,9 @@ class Formatter {
 //          complete. It ends before a multiple of the width and wherever the next address is not
 //          the one that follows.
 //
-// A record or an object has the address, the name, the hardware address, its maker, whether a host is
-// up, and who told the name; what is not known is empty or null. `makers` must outlive the formatter.
+// A record or an object has the address, the name, the hardware address, its maker, whether a host
+// is up, and who told the name; what is not known is empty or null. `makers` must outlive the
+// formatter.
 std::unique_ptr<Formatter> MakeFormatter(Format format, const Layout& layout, Makers& makers);
 
 }  // namespace hostsweep
