@@ -7,8 +7,13 @@
 #include <string>
 
 #include "network/changes/seen_line.h"
+#include "network/engine/dns_message.h"
+#include "network/engine/multicast_dns.h"
+#include "network/engine/name_text.h"
+#include "network/engine/net_bios.h"
 #include "network/engine/pointer_records.h"
 #include "network/report/makers.h"
+#include "platform/text/printable.h"
 #include "platform/text/text_operations.h"
 #include "sweep/hardware_address.h"
 #include "sweep/host_name.h"
@@ -32,6 +37,35 @@ void CheckAnswer(const std::string& message) {
   }
 }
 
+// A host gives a name to its own address alone, in .local: without its address in the message there
+// is none. A terminal can show the name, and what is asked further fits into one packet.
+void CheckHost(const std::string& bytes) {
+  constexpr std::uint32_t Host = 0x0A000007;
+  const std::string message = std::string("\0\0\x84\0\0\0\0\3\0\0\0\3", 12) + bytes;
+  const std::string address("\x0A\0\0\x07", 4);
+  MulticastDns names;
+  names.Browse(1);
+  names.Ask(Host, 1);
+  names.Hear(Host, message);
+  Require(!names.AddressName(Host + 1) && !names.PointerName(Host + 1));
+  Require(!names.AddressName(Host) || Contains(message, address));
+  Require(!names.PointerName(Host) || Contains(Folded(message), "IN-ADDR"));
+  for (const auto& name : {names.AddressName(Host), names.PointerName(Host)}) {
+    if (!name) continue;
+    Require(Printable(*name) == *name && !Contains(*name, " "));
+    Require(Folded(*name).ends_with(".LOCAL"));
+  }
+  while (const auto query = names.Next()) Require(query->Message.size() <= 1412);
+
+  std::string status = NodeStatusRequest(7) + std::string("\0\0\0\0\0\x41", 6) + bytes;
+  status[2] = '\x84';
+  status[5] = 0;
+  status[7] = 1;
+  const auto name = NodeNameIn(status, 7);
+  Require(!name || Printable(*name) == *name);
+  Require(Printable(NameText(bytes)) == NameText(bytes));
+}
+
 // A line of the file of `--changes` that is taken is one that can be written. Random bytes are no
 // such line: they take the place of a part of one.
 void CheckSeenLine(const std::string& bytes, std::size_t begin, std::size_t size) {
@@ -40,7 +74,7 @@ void CheckSeenLine(const std::string& bytes, std::size_t begin, std::size_t size
       R"("up":false,"name_source":"mdns","first_seen":"2026-02-28T23:59:59Z",)"
       R"("last_seen":"2027-01-02T03:04:05Z","state":"gone","looked_up":true,"version":1})";
   line.replace(begin % line.size(), size, bytes);
-  Makers makers("/nonexistent");
+  Makers makers("/nonexistent", "/nonexistent");
   try {
     line = FormatSeenLine(ParseSeenLine(line), makers);
   } catch (const std::invalid_argument&) {
@@ -74,6 +108,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   hostsweep::Check(bytes.substr(partSize), bytes.substr(0, partSize),
                    static_cast<std::int8_t>(data[1]));
   hostsweep::CheckAnswer(bytes);
+  hostsweep::CheckHost(bytes);
   hostsweep::CheckSeenLine(bytes.substr(1), static_cast<unsigned char>(bytes[0]) * 2U, data[0]);
   return 0;
 }
