@@ -46,7 +46,7 @@ class MessageReader {
                  ares_expand_name(begin + position_, begin, static_cast<int>(message_.size()),
                                   &expanded, &size) != ARES_SUCCESS;
     if (hasFailed_) return {};
-    const std::string name = WithoutSpaces(expanded);
+    std::string name = WithoutSpaces(expanded);
     ares_free_string(expanded);
     Skip(static_cast<std::size_t>(size));
     return name;
