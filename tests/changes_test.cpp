@@ -354,6 +354,21 @@ TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
   }
 }
 
+TEST(Comparison, KeepsWhetherAHostIsUpAndNothingThatSteersATerminal) {
+  std::vector<SeenHost> seen;
+  for (const auto& [finding, isUp] :
+       {std::make_pair("1:A=d\x1B[2J", Presence::Up), std::make_pair("1:-", Presence::Absent),
+        std::make_pair("1:?", Presence::Unknown)}) {
+    Comparison comparison(seen, At(0));
+    comparison.Add(ParseFinding(finding));
+    comparison.End(false);
+    seen = comparison.Seen();
+    ASSERT_EQ(seen.size(), 1U);
+    EXPECT_EQ(seen[0].Known.Host, isUp);
+    EXPECT_EQ(seen[0].Known.Name, "?[2J");
+  }
+}
+
 // The line of a host with everything, in which `from` stands for another text.
 std::string SeenLine(const std::string& from = "", const std::string& to = "") {
   std::string line =
