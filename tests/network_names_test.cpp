@@ -271,7 +271,8 @@ std::string Status(const std::vector<std::tuple<std::string, int, int>>& entries
 
 TEST(NodeNameIn, TakesTheUniqueNameOfTheHost) {
   const std::pair<std::string, std::string> rows[] = {
-      {"BOX", Status({{"LAB", 0, 0x8400}, {"BOX", 0x20, 0x400}, {"BOX", 0, 0x400}, {"B2", 0, 0}})},
+      {"BOX",
+       Status({{"LAB", 0, 0x8400}, {"FILES", 0x20, 0x400}, {"BOX", 0, 0x400}, {"B2", 0, 0}})},
       {"A\\032B\\\\\\027\\255", Status({{"A B\\\x1B\xFF", 0, 0x400}})},
       {"SIXTEEN-LETTERS", Status({{"SIXTEEN-LETTERS", 0, 0x400}})},
       {"-", Status({{"", 0, 0x400}, {"GOES", 0, 0x1400}, {"TWICE", 0, 0xC00}})},
