@@ -404,19 +404,19 @@ TEST(SeenLine, IsReadAsItIsWritten) {
 
 TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
   const std::tuple<std::string, std::string, std::string> rows[] = {
-      {"{", "", "is not an object of JSON"},
-      {SeenLine(), "[]", "is not an object of JSON"},
+      {"{", "", "is not a JSON object"},
+      {SeenLine(), "[]", "is not a JSON object"},
       {"\"version\":1", "\"version\":2", "is of a later version of hostsweep-network"},
       {"\"version\":1", "\"version\":0", "version"},
       {"\"version\":1", "\"version\":1.0", "version"},
       {",\"version\":1", "", "has no version"},
-      {"\"version\":1", "\"version\":1,\"\\u001b\":1", "has an unknown ?"},
+      {"\"version\":1", "\"version\":1,\"\\u001b\":1", "has an unknown key ?"},
       {"10.0.0.7", "10.0.0.256", "address"},
       {"\"10.0.0.7\"", "null", "address"},
       {"\"nas.lan\"", "7", "name"},
       {"\"nas.lan\"", "null", "name_source"},
       {"nas.lan", "nas\\u001b[2J", "name"},
-      {"nas.lan", "nas\x80", "is not an object of JSON"},
+      {"nas.lan", "nas\x80", "is not a JSON object"},
       {"nas.lan", "nas\\u202e", "name"},
       {"\"mdns\"", "null", "name_source"},
       {"mdns", "finger", "name_source"},
@@ -436,7 +436,7 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
       {"\"gone\"", "[{}]", "state"},
       {"true", "\"yes\"", "looked_up"}};
   for (const auto& [from, to, what] : rows) {
-    const std::string wrong = "has a value that is wrong for " + what;
+    const std::string wrong = "has a wrong value for " + what;
     const std::string refusal = Refusal(SeenLine(from, to));
     EXPECT_TRUE(refusal == what || refusal == wrong) << to << ": " << refusal;
   }

@@ -218,8 +218,10 @@ TEST(TroubleCounts, SaysHowManyAndGivesTheLowestAsAnExample) {
   counts.Add(troubles, 0x0A000008, "the gateway 10.0.0.2");
   counts.Add(troubles, 0x0A00000A, "the gateway 10.0.0.3");
   const std::vector<std::string> sentences = {
-      "the name server failed for 2 of 9 addresses: try /usr/bin/host 10.0.0.8",
-      "the gateway 10.0.0.2 did not answer for 3 of 9 addresses: check it and the way to it"};
+      "2 of 9 addresses were not looked up: the name server failed or gave an incomplete answer; "
+      "try /usr/bin/host 10.0.0.8",
+      "3 of 9 addresses were not fully swept: the gateway 10.0.0.2 did not answer; "
+      "check it and the way to it"};
   EXPECT_EQ(counts.Describe(9), sentences);
 }
 

@@ -25,10 +25,10 @@ class Hosts {
   void Add(SeenHost host) {
     const Finding& known = host.Known;
     if (!places_.emplace(known.Address, known.HardwareAddress).second) {
-      throw std::invalid_argument("has an address and a hardware address that came before");
+      throw std::invalid_argument("has the address and the hardware address of an earlier line");
     }
     if (HasAddress(host) && !taken_.insert(known.Address).second) {
-      throw std::invalid_argument("has an address that another host has");
+      throw std::invalid_argument("has the address of another host");
     }
     hosts_.push_back(std::move(host));
   }

@@ -35,11 +35,11 @@ std::string_view WordFor(State state) {
 
 [[noreturn]] void Refuse(const std::string& what) { throw std::invalid_argument(what); }
 
-// One line as it is read. Each field is taken once, and none may be left.
+// One line as it is read. Each field is taken once, and no field may be left.
 class Reader {
  public:
   explicit Reader(const std::string& line) : object_(nlohmann::json::parse(line, nullptr, false)) {
-    if (!object_.is_object()) Refuse("is not an object of JSON");
+    if (!object_.is_object()) Refuse("is not a JSON object");
   }
 
   nlohmann::json Take(const char* name) {
@@ -86,11 +86,11 @@ class Reader {
   }
 
   void CheckEnd() const {
-    if (!object_.empty()) Refuse("has an unknown " + Printable(object_.begin().key()));
+    if (!object_.empty()) Refuse("has an unknown key " + Printable(object_.begin().key()));
   }
 
   [[noreturn]] static void RefuseValue(const std::string& name) {
-    Refuse("has a value that is wrong for " + name);
+    Refuse("has a wrong value for " + name);
   }
 
  private:

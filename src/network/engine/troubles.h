@@ -9,11 +9,11 @@
 
 namespace hostsweep {
 
-// A reason for which one address was not swept, or not wholly.
+// A reason for which an address was not swept, not fully swept, or not looked up.
 enum class Trouble : std::uint8_t {
   NoServerReply,  // no name server answered
   ServerRefused,  // a name server refused to answer
-  ServerFailed,   // a name server failed, or its answer cannot be read
+  ServerFailed,   // a name server failed, or gave an answer that cannot be read
   HostsFile,      // /etc/hosts cannot be read
   Lack,           // descriptors or memory are lacking
   Forbidden,      // a firewall forbids the probe
@@ -48,8 +48,8 @@ class TroubleCounts {
 
   [[nodiscard]] bool AreNone() const;
 
-  // A sentence for each trouble: for how many of `total` addresses, and what to do, with the lowest
-  // of them and its way as an example.
+  // A sentence for each trouble: how many of `total` addresses have it, what it is, and what to do,
+  // with the lowest of these addresses and its way as an example.
   [[nodiscard]] std::vector<std::string> Describe(std::uint64_t total) const;
 
  private:

@@ -17,6 +17,7 @@ void AddOnce(std::vector<Network>& networks, const Network& network) {
   if (!IsNamed(networks, network.Name)) networks.push_back(network);
 }
 
+// "A", or "A and 2 others".
 std::string NamesOf(const std::vector<Network>& networks) {
   const std::string& first = networks.front().Name;
   const std::size_t others = networks.size() - 1;
@@ -24,26 +25,29 @@ std::string NamesOf(const std::vector<Network>& networks) {
   return first + " and " + std::to_string(others) + " other" + (others > 1 ? "s" : "");
 }
 
+std::string NotSweptNote(const std::vector<Network>& networks, const std::string& reason) {
+  return NamesOf(networks) + (networks.size() == 1 ? " is" : " are") + " not swept: " + reason;
+}
+
 std::string DownNote(const std::string& device, const std::vector<Network>& networks) {
-  return device + " is down: " + NamesOf(networks) +
-         " cannot be swept; set the device up or connect its cable";
+  return NotSweptNote(networks, device + " is down; set the device up or connect its cable");
 }
 
 // The networks of a sweep by what prevents or limits it.
 struct Reach {
   std::vector<Network> Reachable;
-  std::vector<Network> Beyond;  // the reachable networks that no device with ARP is on all of
+  std::vector<Network> Beyond;  // reachable, with addresses that ARP does not reach
   std::vector<Network> Unreachable;
   std::vector<Network> Down;
   std::string DeviceThatIsDown;  // the device of the first network that is down
 };
 
-// The ways to the addresses of one network: what holds for one of them at least.
+// The ways to the addresses of one network. True: at least one address is such.
 struct Ways {
   bool LeadToHosts = false;    // a host can have the address, and can be reached
-  bool LeadBeyond = false;     // so, and the address is not in a network of this machine
+  bool LeadBeyond = false;     // the same, but ARP does not reach the address
   bool LeadElsewhere = false;  // the address is this machine's own, or reserved
-  int DeviceDown = 0;  // the number of a device without a link to which it leads; 0 for none
+  int DeviceDown = 0;          // the number of a device without a link on a way; 0 for none
 };
 
 class ReachFinder {
@@ -105,9 +109,9 @@ class ReachFinder {
     return isUp_[device] = stack_.LinkOf(device).IsUp;
   }
 
-  // The name of a device that is down and on the whole network, if no device that is up is on all
-  // of it; else empty. The routes to that device are gone, so that the way which is left can lead
-  // to another network with the same addresses.
+  // The name of a device that is down and on the whole network, unless a device that is up is on
+  // all of it, too; else empty. The routes to a device that is down are gone, so a route that is
+  // left can lead to another network with the same addresses.
   [[nodiscard]] std::string DeviceOff(const Network& network) const {
     std::string name;
     for (const DeviceAddress& device : stack_.Devices()) {
@@ -124,8 +128,8 @@ class ReachFinder {
   std::map<int, bool> isUp_;
 };
 
-// The networks of the device that can be swept. If it is down there are none, even where another
-// device leads to them, since the user means this device.
+// The networks of the device that can be swept. If it is down there are no such networks, even
+// where another device leads to them, since the user means this device.
 std::vector<Network> NetworksOf(const DeviceArgument& argument, const NetworkStack& stack,
                                 Plan& plan) {
   const int index = DeviceIndex(argument.Name);
@@ -147,12 +151,12 @@ std::vector<Network> NetworksOf(const DeviceArgument& argument, const NetworkSta
   }
   if (networks.empty() && down.empty() && large.empty()) {
     plan.Notes.push_back(argument.Name +
-                         " has no IPv4 address, so its networks are not known; name a network");
+                         " has no IPv4 address, so its networks are not known; give a network");
   }
   if (!down.empty()) plan.Notes.push_back(DownNote(argument.Name, down));
   if (!large.empty()) {
-    plan.Notes.push_back(NamesOf(large) +
-                         ": left out, as larger than a /16; give a part of it as an argument");
+    plan.Notes.push_back(
+        NotSweptNote(large, "larger than a /16; give a part of it as an argument"));
   }
   plan.LeavesOut = plan.LeavesOut || networks.empty() || !down.empty() || !large.empty();
   return networks;
@@ -178,12 +182,11 @@ std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stac
   std::vector<Network> leftOut;
   std::vector<Network> networks = LocalNetworks(stack.Devices(), leftOut);
   if (!leftOut.empty() && (networks.empty() || !options.ChangesFile)) {
-    plan.Notes.push_back(
-        NamesOf(leftOut) +
-        ": left out, as larger than a /20; give it, or a part of at most a /16, as an argument");
+    plan.Notes.push_back(NotSweptNote(
+        leftOut, "larger than a /20; give it, or a part of at most a /16, as an argument"));
   }
   if (networks.empty()) {
-    plan.Notes.emplace_back(leftOut.empty() ? "no device of this machine is on a network to sweep"
+    plan.Notes.emplace_back(leftOut.empty() ? "this machine is on no local network"
                                             : OwnNetworkHint);
   }
   return networks;
@@ -191,13 +194,14 @@ std::vector<Network> NetworksOf(const Options& options, const NetworkStack& stac
 
 void NoteBeyond(const Options& options, const std::vector<Network>& beyond, Plan& plan) {
   plan.IsRefused = options.Reported == Selection::Free;
-  std::string note = "no device with ARP is on all of " + NamesOf(beyond) + ": ";
+  std::string note = "ARP does not reach all of " + NamesOf(beyond) + ": ";
   if (plan.IsRefused) {
-    note += "elsewhere silent hosts cannot be seen, so --free cannot tell; use a machine there";
+    note += "where it does not, --free cannot tell silent hosts from free addresses; ";
+    note += "use a machine there";
   } else if (options.Reported == Selection::Up) {
-    note += "elsewhere silent hosts are not seen";
+    note += "where it does not, silent hosts are not found";
   } else {
-    note += "elsewhere only hosts that answer are seen, without hardware addresses";
+    note += "where it does not, only hosts that answer are found, without hardware addresses";
   }
   plan.Notes.push_back(note);
 }
@@ -221,8 +225,8 @@ Plan MakePlan(const Options& options, NetworkStack& stack) {
   const Reach reach = ReachFinder(stack).Find(WithoutRepeats(NetworksOf(options, stack, plan)));
   if (!reach.Down.empty()) plan.Notes.push_back(DownNote(reach.DeviceThatIsDown, reach.Down));
   if (!reach.Unreachable.empty()) {
-    plan.Notes.push_back("there is no route to " + NamesOf(reach.Unreachable) +
-                         ", which cannot be swept; check the network devices and routes");
+    plan.Notes.push_back(
+        NotSweptNote(reach.Unreachable, "no route; check the network devices and routes"));
   }
   plan.LeavesOut = plan.LeavesOut || !reach.Down.empty() || !reach.Unreachable.empty();
   plan.Networks = reach.Reachable;
