@@ -14,7 +14,7 @@ _hostsweep_network_devices() {
 _hostsweep_network_formats() {
   local -a formats=(
     'lines:address=name=hardware address, a line for each address'
-    'table:columns, for the eye'
+    'table:columns, for addresses with a host, a name or a hardware address'
     'csv:comma-separated values'
     'json:an object for each address, on a line of its own'
     'map:a character for each address'
@@ -27,8 +27,8 @@ _arguments -s -S \
   '(-u --up --free --changes)'{-u,--up}'[report only hosts that are up]' \
   '(-u --up --free --changes)--free[report only free addresses]' \
   '(-f --format)'{-f+,--format=}'[report in this format]:format:_hostsweep_network_formats' \
-  '(-j --jobs)'{-j+,--jobs=}'[sweep at most so many addresses at a time]:count, 1 to 1024: ' \
-  '(-n --no-names)'{-n,--no-names}'[ask nobody for names]' \
+  '(-j --jobs)'{-j+,--jobs=}'[sweep at most this many addresses at a time]:count, 1 to 1024: ' \
+  '(-n --no-names)'{-n,--no-names}'[report no names, and ask nobody for one]' \
   '(-u --up --free --changes)--changes=[report only what has changed since the last sweep]:file:_files' \
   '(- *)'{-h,--help}'[print a summary]' \
   '(- *)'{-V,--version}'[print the version]' \

@@ -33,7 +33,7 @@ constexpr std::array<option, 10> LongOptions = {
 // "-": arguments that are not options are returned where they stand. ":": nothing is printed.
 constexpr const char* ShortOptions = "-:uf:j:lnhV";
 
-// How many long options the name can mean: one if it is the whole name of one.
+// How many long options the name can mean: 1 if it is the whole name of an option.
 int CountMeanings(std::string_view name) {
   int count = 0;
   for (const option& known : LongOptions) {
@@ -56,7 +56,7 @@ UsageError LongOptionError(const std::string& argument) {
           equals == std::string::npos ? "the option needs a value" : "the option takes no value"};
 }
 
-// The error in an argument of option letters of which getopt_long(3) has refused one.
+// The error in an argument of option letters, of which getopt_long(3) has refused this letter.
 UsageError ShortOptionError(const std::string& argument, int letter) {
   const bool isAscii = letter > ' ' && letter <= '~';
   const std::string option = isAscii ? std::string("-") + static_cast<char>(letter) : argument;
@@ -123,7 +123,7 @@ void Apply(int option, Options& options, std::vector<std::string>& networks) {
   }
 }
 
-// What has changed is told of all hosts, in its own form or as objects.
+// Changes are reported for all hosts, in a form of their own or in JSON.
 void CheckChanges(const Options& options) {
   if (!options.ChangesFile) return;
   if (options.Reported != Selection::All) {
@@ -153,7 +153,7 @@ Options ReadOptions(int argumentCount, char** arguments) {
   Options options;
   std::vector<std::string> networks;
   opterr = 0;
-  optind = 0;  // begin anew, also within an argument that an earlier call has left halfway
+  optind = 0;  // begin again, even if an earlier call has stopped within an argument
   while (options.Wanted == Task::Sweep) {
     const int current = std::max(optind, 1);
     const int option =
@@ -184,7 +184,7 @@ hosts. Needs no privileges.
 
 NETWORK is one of the following. The default is --local.
   192.168.1                  its hosts 1 to 254
-  10.50.1.9/22               the network that this address is in; 16 to 32 bits
+  10.50.1.9/22               the network that this address is in; /16 to /32
   192.168.1.7                one address
   192.168.1.20-90            a range of addresses
   192.168.1.20-192.168.2.90  a range of at most 65536 addresses
@@ -192,8 +192,8 @@ NETWORK is one of the following. The default is --local.
 
   -l, --local          sweep the networks that this machine is on, except those
                        larger than a /20
-  -u, --up             report only addresses at which a host was heard, by ARP or
-                       by an answer
+  -u, --up             report only hosts that are up: heard by ARP or by an
+                       answer
       --free           report only addresses with neither a host nor a name, at
                        the end and only if the sweep is complete
   -f, --format FORMAT  a format below; default: table on a terminal, else lines
@@ -201,24 +201,25 @@ NETWORK is one of the following. The default is --local.
          std::to_string(MaximalJobs) + R"(;
                        default: )" +
          std::to_string(DefaultJobs) + R"(
-  -n, --no-names       no names: nobody is asked for any
+  -n, --no-names       report no names, and ask nobody for one
       --changes FILE   report only what has changed since the last sweep with this
-                       FILE, and keep in it what was seen; not with --up or
-                       --free, nor with a format other than json
+                       FILE, and keep in it what was seen; cannot be combined
+                       with --up, --free, or a format other than json
   -h, --help           print this help
-  -V, --version        print the version
+  -V, --version        print the version and which list of makers is used
 
 FORMAT is one of:
   lines  address=name=hardware address, a line for each address
-  table  columns, with the maker, of addresses about which something is known
-  csv    the same columns for every address, as comma-separated values, and
-         whether a host is up
-  json   an object for each address on a line of its own
-  map    a character for each address: "#" up, "+" a name only, "." free,
-         "-" reserved, "?" not all known
+  table  columns, for addresses with a host, a name or a hardware address
+  csv    comma-separated values for every address: the columns, whether a host is
+         up, and where its name comes from
+  json   the same values, as an object on a line for each address
+  map    a character for each address: "#" up, "+" only a name, "." free,
+         "-" reserved, "?" not fully known
 
 Exit status: 0 if every address was swept and every lookup had an answer; 1 if
-not, for reasons that standard error says; 2 if the arguments cannot be used.
+not, or if the report could not be written, and standard error says why; 2 if an
+argument cannot be used.
 )";
 }
 

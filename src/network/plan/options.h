@@ -18,8 +18,7 @@ constexpr std::uint32_t MaximalJobs = 1024;
 // The task that the command line asks for.
 enum class Task { Sweep, PrintHelp, PrintVersion };
 
-// The name of a device, whose networks are meant. Whether there is such a device is not checked
-// here.
+// The name of a device, for its networks. Whether there is such a device is not checked here.
 struct DeviceArgument {
   std::string Name;
 };
@@ -30,17 +29,18 @@ struct Options {
   std::optional<Format> ReportFormat;  // nothing: the standard output decides
   std::uint32_t Jobs = DefaultJobs;    // addresses in work at a time, 1 to `MaximalJobs`
   bool UsesNames = true;               // false: nobody is asked for a name
-  // Report what has changed since the sweep that this file tells of. Its name is not empty, and
-  // all addresses are reported, with no format chosen or `Format::Json`.
+  // Report what has changed since the sweeps that this file tells of. If it is set, it is not
+  // empty, `Reported` is `All`, and `ReportFormat` is nothing or `Json`.
   std::optional<std::string> ChangesFile;
-  // The networks as they were given. Without any, `IsLocal`: those that this machine is on.
+  // The networks, in the order given. If there are none, `IsLocal`: the networks that this machine
+  // is on.
   std::vector<std::variant<Network, DeviceArgument>> Networks;
   bool IsLocal = false;
 };
 
 // Reads the arguments, of which the first is the program's path. Options and networks may be mixed;
-// long options may be abbreviated. --help and --version take effect when they are met: what follows
-// them is not read, and networks are not checked. Throws `UsageError`.
+// long options may be abbreviated. After --help or --version nothing more is read, and networks are
+// not checked. Throws `UsageError`.
 Options ReadOptions(int argumentCount, char** arguments);
 
 // How the program is called, on one line without a line end.
