@@ -28,7 +28,7 @@ constexpr int Complete = 0;
 constexpr int Incomplete = 1;
 constexpr int WrongUsage = 2;
 
-// The end of a program whose reader is gone: by SIGPIPE, unless the caller has it ignored.
+// The end of a program whose reader is gone: by SIGPIPE, unless the caller ignores it.
 int EndWithoutReader(bool ignoresBrokenPipes) {
   if (!ignoresBrokenPipes) TerminateBy(SIGPIPE);
   return Incomplete;
@@ -40,7 +40,7 @@ int Show(const std::string& text) {
   throw std::system_error(errno, std::generic_category(), "standard output");
 }
 
-// Only now, when standard output has taken the changes: a change that is kept is not reported
+// To be called after standard output has taken the changes: a change that is kept is not reported
 // again.
 void Keep(ChangesFile& changes) {
   changes.Keep();
@@ -82,7 +82,7 @@ int Run(int argumentCount, char** arguments, bool ignoresBrokenPipes) {
 int RunNetworkProgram(int argumentCount, char** arguments) {
   OpenStandardDescriptors();
   const bool ignoresBrokenPipes = IsIgnored(SIGPIPE);
-  IgnoreWriteSignals();  // a name server, too, can close what is being written to
+  IgnoreWriteSignals();  // a name server can close a connection that is being written to
   try {
     return Run(argumentCount, arguments, ignoresBrokenPipes);
   } catch (const UsageError& error) {

@@ -12,7 +12,7 @@ namespace hostsweep {
 std::string FormatAddress(std::uint32_t address);
 
 // The address that the text is: four numbers from 0 to 255 without leading zeros, joined by ".".
-// Nothing for any other text, as 010 is eight to some programs and ten to others.
+// Nothing for any other text: with leading zeros, 010 is eight to some programs and ten to others.
 std::optional<std::uint32_t> ParseAddress(std::string_view text);
 
 }  // namespace hostsweep

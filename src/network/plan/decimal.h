@@ -1,4 +1,4 @@
-// Decimal numbers as the command line has them.
+// Decimal numbers in arguments.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,8 @@
 
 namespace hostsweep {
 
-// The number of at most `limit` that the text is: digits without a sign or a leading zero. Nothing
-// for any other text.
+// The number that the text is, written in digits without a sign or a leading zero, and at most
+// `limit`. Nothing for any other text.
 std::optional<std::uint32_t> ParseDecimal(std::string_view text, std::uint32_t limit);
 
 }  // namespace hostsweep

@@ -76,7 +76,7 @@ Network NetworkOf(std::uint32_t address, std::uint32_t prefixLength) {
 
 std::vector<Network> WithoutRepeats(const std::vector<Network>& networks) {
   std::vector<Network> parts;
-  std::map<std::uint64_t, std::uint64_t> taken;  // ranges: the address after each, and its first
+  std::map<std::uint64_t, std::uint64_t> taken;  // each range: the address after it, and its first
   for (const Network& network : networks) {
     std::uint64_t next = network.First;
     const std::uint64_t end = std::uint64_t{network.Last} + 1;

@@ -21,8 +21,8 @@ constexpr std::uint32_t ShortestPrefix = 16;
 // Examples of arguments that name a network, for messages.
 constexpr const char* NetworkExamples = "192.168.1, 192.168.1.0/24, 192.168.1.7 or 192.168.1.20-90";
 
-// True if the text has only characters that are in these forms. Any other text can only be the name
-// of a device.
+// True if the text has only characters of these forms. Any other text can only be the name of a
+// device.
 bool IsNumeric(std::string_view argument);
 
 // The network that the argument names, in one of the forms
@@ -39,8 +39,8 @@ Network ParseNetwork(const std::string& argument);
 // are left out; smaller networks have neither (RFC 3021).
 Network NetworkOf(std::uint32_t address, std::uint32_t prefixLength);
 
-// The same networks without the addresses that networks before them have. A network can be left in
-// several parts, each with its name.
+// The same networks, each without the addresses of the networks before it. Several parts of a
+// network can remain, each with its name.
 std::vector<Network> WithoutRepeats(const std::vector<Network>& networks);
 
 // The number of addresses of the network.

@@ -14,8 +14,8 @@ struct Plan {
   std::vector<Network> Networks;   // to be swept; no address is in two of them
   bool LeavesOut = false;          // a network that was asked for is not swept
   bool IsRefused = false;          // the options ask for something that cannot be seen from here
-  std::vector<std::string> Notes;  // sentences for the user, to be said before the sweep; with
-                                   // `ChangesFile` only those that make it incomplete
+  std::vector<std::string> Notes;  // sentences for the user, before the sweep; with `ChangesFile`
+                                   // only reasons why it is incomplete
 };
 
 // For messages where the local networks may not be those that the user means.
@@ -29,7 +29,7 @@ constexpr const char* OwnNetworkHint =
 Plan MakePlan(const Options& options, NetworkStack& stack);
 
 // The networks of the devices that are up and use ARP, each once, in the order of the devices.
-// `leftOut` gets those that are larger than a /20, which would take long.
+// `leftOut` gets the networks that are larger than a /20, which would take long.
 std::vector<Network> LocalNetworks(const std::vector<DeviceAddress>& devices,
                                    std::vector<Network>& leftOut);
 

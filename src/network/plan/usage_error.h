@@ -8,8 +8,8 @@
 
 namespace hostsweep {
 
-// Its `what()` is one line that says which argument is wrong and why, and that a terminal can show
-// whatever the argument holds.
+// Its `what()` is one line that says which argument is wrong and why. It is safe to show on a
+// terminal, whatever the argument holds.
 class UsageError : public std::runtime_error {
  public:
   explicit UsageError(const std::string& reason) : std::runtime_error(reason) {}
