@@ -12,15 +12,15 @@
 namespace hostsweep {
 namespace {
 
-// What goes on from one part of a message to the next. After a part that cannot be read nothing
-// more can be, and `HasFailed` holds.
+// Reads a message part by part. After a part that cannot be read, nothing more can be read, and
+// `HasFailed` is true.
 class MessageReader {
  public:
   explicit MessageReader(std::string_view message) : message_(message) {}
 
   [[nodiscard]] bool HasFailed() const { return hasFailed_; }
 
-  // A number of so many bytes, at most 4, the highest first.
+  // A number of `size` bytes, at most 4, the highest byte first.
   std::uint32_t Number(std::size_t size) {
     std::uint32_t number = 0;
     for (const char byte : Skip(size)) number = number << 8U | static_cast<unsigned char>(byte);
@@ -29,7 +29,7 @@ class MessageReader {
 
   int Short() { return static_cast<int>(Number(2)); }
 
-  // The next bytes; none if they are too few.
+  // The next `size` bytes; no bytes if fewer are left.
   std::string_view Skip(std::size_t size) {
     hasFailed_ = hasFailed_ || size > message_.size() - position_;
     if (hasFailed_) return {};
@@ -37,7 +37,7 @@ class MessageReader {
     return message_.substr(position_ - size, size);
   }
 
-  // A name, which can go on elsewhere in the message.
+  // A name, which can continue elsewhere in the message.
   std::string Name() {
     char* expanded = nullptr;
     long size = 0;
@@ -65,7 +65,7 @@ class MessageReader {
   bool hasFailed_ = false;
 };
 
-// Reads what is known of the data of a record of this type.
+// Reads the data of a record, if its type is known.
 void ReadData(MessageReader& data, DnsRecord& record) {
   constexpr std::size_t ServiceNumbers = 6;  // priority, weight and port
   switch (record.Type) {
@@ -109,8 +109,8 @@ std::string Encoded(int number) {
 
 bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
-// The byte that the escape at the beginning of the text stands for; takes the escape from it.
-// Nothing if there is no escape there.
+// Takes an escape from the beginning of the text, and returns the byte that it stands for. Nothing
+// if the text does not begin with an escape.
 std::optional<char> TakeEscape(std::string_view& text) {
   if (text.size() < 2 || text[0] != '\\') return {};
   const bool isNumber = text.size() > 3 && std::all_of(text.begin() + 1, text.begin() + 4, IsDigit);
@@ -121,7 +121,7 @@ std::optional<char> TakeEscape(std::string_view& text) {
   return byte;
 }
 
-// The labels of the name, each after its length; nothing if no message can have it.
+// The labels of the name, each after its length; nothing if no message can have the name.
 std::optional<std::string> EncodedName(std::string_view name) {
   constexpr std::size_t LongestLabel = 63;
   constexpr std::size_t LongestName = 255;

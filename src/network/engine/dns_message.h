@@ -1,7 +1,7 @@
 // Messages of the DNS (RFC 1035, section 4.1), which multicast DNS uses, too (RFC 6762, section
 // 18). Names are texts without a final dot, as host(1) writes them: "\DDD", three decimal digits,
 // for a byte that is not printable ASCII or is a space, and "\" before a character that is special
-// in zone files. That of the root domain is empty.
+// in zone files. The name of the root domain is empty.
 #pragma once
 
 #include <cstdint>
@@ -35,12 +35,12 @@ struct DnsMessage {
   std::vector<DnsRecord> Others;  // of the sections after the answers
 };
 
-// The message that the bytes are, without its questions; nothing if these or the answers cannot be
-// read. Of the sections after the answers it has what comes before a part that cannot be read.
-// Records whose data cannot be read are left out.
+// The message in these bytes, without its questions; nothing if the questions or the answers cannot
+// be read. The sections after the answers end at the first part that cannot be read. Records whose
+// data cannot be read are left out.
 std::optional<DnsMessage> ReadDnsMessage(std::string_view bytes);
 
-// The same name in upper case, for comparison: the letter case of names means nothing.
+// The same name in upper case, for comparison: the letter case of a name means nothing.
 std::string Folded(std::string name);
 
 // The name that a reverse lookup of the address asks for: 7.0.50.10.in-addr.arpa (RFC 1035, section
@@ -53,8 +53,8 @@ struct DnsQuestion {
   friend bool operator==(const DnsQuestion&, const DnsQuestion&) = default;
 };
 
-// A query of multicast DNS with these questions: its identifier and flags are 0. Questions whose
-// names cannot be encoded are left out.
+// A multicast DNS query with these questions: its identifier and flags are 0. Questions whose names
+// cannot be encoded are left out.
 std::string MakeQuery(const std::vector<DnsQuestion>& questions);
 
 }  // namespace hostsweep

@@ -13,7 +13,8 @@ namespace hostsweep {
 // Whether a host is at an address.
 enum class Presence { Up, Absent, Unknown };
 
-// Who told a name. They are asked in this order, and the first that knows a name is believed.
+// Where a name comes from. The sources are asked in this order, and the first that has a name is
+// believed.
 enum class NameSource {
   None,    // there is no name
   Hosts,   // /etc/hosts
@@ -25,16 +26,16 @@ enum class NameSource {
 // The texts have no line feeds.
 struct Finding {
   std::uint32_t Address = 0;
-  std::optional<std::string> Name;  // that of the root domain is empty
-  std::string HardwareAddress;      // empty if there is none
+  std::optional<std::string> Name;  // empty for the root domain
+  std::string HardwareAddress;      // empty if it is not known
   Presence Host = Presence::Unknown;
-  bool HasTrouble = false;  // something has gone wrong, and is not known
+  bool HasTrouble = false;  // something went wrong, so something is not known
   bool IsReserved = false;  // no host can have the address
   NameSource Source = NameSource::None;
-  bool IsLookedUp = false;  // what /etc/hosts and the name servers say of the address is known
+  bool IsLookedUp = false;  // /etc/hosts and the name servers have said whether they have a name
 };
 
-// True if a host could be given the address: there is none, it has no name, nothing has gone wrong,
+// True if the address could be given to a host: it has no host and no name, nothing has gone wrong,
 // and it is not reserved.
 bool IsFree(const Finding& finding);
 

@@ -12,15 +12,15 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// A host that answers at all does so within a tenth of a second (RFC 6762, section 6), and a browse
-// takes up to four answers.
+// A host answers within a tenth of a second (RFC 6762, section 6), and a browse takes up to four
+// answers.
 constexpr milliseconds LeastTime(500);
 constexpr milliseconds MostTime(2000);
 
-// No question may be repeated sooner (RFC 6762, section 5.2).
+// A question may not be repeated sooner (RFC 6762, section 5.2).
 constexpr milliseconds RepeatTime(1000);
 
-// Questions of hosts that are found together go into one packet.
+// Questions about hosts that are found within this time go into one packet.
 constexpr milliseconds GatherTime(20);
 
 }  // namespace
@@ -39,7 +39,7 @@ void HostNames::Ask(std::uint64_t key, std::uint32_t address, int device, Clock:
   EndIfSure(address);
 }
 
-// Returns false if the system has no sockets to give.
+// Returns false if the system gives no socket.
 bool HostNames::Open() {
   if (anyPort_) return true;
   try {
@@ -131,7 +131,7 @@ bool HostNames::SendQueries() {
   }
 }
 
-// The same.
+// Returns false if there is something left to send later.
 bool HostNames::SendRequests() {
   const std::string request = NodeStatusRequest(identifier_);
   while (!requests_.empty()) {
@@ -142,7 +142,7 @@ bool HostNames::SendRequests() {
   return true;
 }
 
-// A pointer record is the host's own choice of a name, and nobody else's.
+// A pointer record has the name that the host itself has chosen: no better name can come.
 void HostNames::EndIfSure(std::uint32_t address) {
   if (asked_.contains(address) && multicastDns_.PointerName(address)) End(address);
 }

@@ -1,4 +1,4 @@
-// The names that hosts say of themselves, by multicast DNS and NetBIOS.
+// The names that hosts give themselves, by multicast DNS and NetBIOS.
 #pragma once
 
 #include <cstddef>
@@ -18,15 +18,15 @@
 
 namespace hostsweep {
 
-// Nothing here waits: `Watch` and `NextTime` say for what to wait, before the next `Proceed`.
+// Nothing here waits: `Watch` and `NextTime` say what to wait for, before the next `Proceed`.
 //
-// A host has half a second to answer, and up to two as long as the sweep has to wait for something
-// else; after one second it is asked once more. Silence means nothing.
+// A host has half a second to answer, and up to two seconds while the sweep has to wait for
+// something else; after one second it is asked once more. Silence means nothing.
 class HostNames {
  public:
   HostNames();
 
-  // Has the host asked for its name: by multicast DNS, if `device` is not 0, and by NetBIOS.
+  // Asks the host for its name: by multicast DNS on `device`, unless that is 0, and by NetBIOS.
   void Ask(std::uint64_t key, std::uint32_t address, int device, Clock::time_point now);
 
   // The number of hosts that have been asked and have no result yet.
@@ -66,19 +66,19 @@ class HostNames {
   void End(std::uint32_t address);
 
   std::uint16_t identifier_;  // of NetBIOS requests
-  // Multicast DNS asks from its own port, as some hosts answer nobody else, and from another port,
-  // too: an answer to that comes to it alone, also from hosts that have just told everybody
-  // (RFC 6762, sections 6 and 6.7).
-  std::optional<DatagramSocket> ownPort_;  // nothing if it cannot be had
+  // Multicast DNS is asked from its own port, since some hosts answer no other, and from another
+  // port, too: hosts answer that port directly, even if they have just answered the group (RFC
+  // 6762, sections 6 and 6.7).
+  std::optional<DatagramSocket> ownPort_;  // nothing if the port cannot be shared
   std::optional<DatagramSocket> anyPort_;  // nothing before the first question
   MulticastDns multicastDns_;
   std::optional<MulticastDns::Query> query_;  // taken, and not sent yet
-  std::map<int, Clock::time_point> browses_;  // the last on each device that is joined
-  std::deque<std::uint32_t> requests_;        // NetBIOS: the addresses to send one to
+  std::map<int, Clock::time_point> browses_;  // the last browse on each device that is joined
+  std::deque<std::uint32_t> requests_;        // NetBIOS: the addresses to send a request to
   std::optional<Clock::time_point> nextSend_;
   std::map<std::uint32_t, Asked> asked_;  // by address
-  std::deque<Turn> ends_;                 // those of them that wait, in the order of asking
-  std::deque<Turn> repeats_;              // those that have been asked once
+  std::deque<Turn> ends_;                 // hosts that have been asked, in that order
+  std::deque<Turn> repeats_;              // hosts that have been asked only once, in that order
   std::vector<NameResult> results_;
 };
 

@@ -10,26 +10,28 @@ using std::chrono::milliseconds;
 constexpr int Requests = 3;
 constexpr milliseconds AnswerTime(150);
 
-// The time of the last request, at the earliest, and where the system does not count requests.
+// The earliest time of the last request, and the time after which it has been made, where the
+// system does not count requests.
 constexpr milliseconds LastRequestTime(1950);
 constexpr milliseconds UncountedRequests(2050);
 
-// Where datagrams can be lost, a silent host is probed this often.
+// How often a silent host is probed where ARP does not tell.
 constexpr int Probes = 3;
 constexpr milliseconds ProbeInterval(700);
 constexpr milliseconds LastProbeTime(800);
 
-// The kernel's longest verdict after a probe: it waits five seconds before it asks at an old
-// hardware address, and then asks three times (arp(7)).
+// The longest time that the kernel takes after a probe: it waits five seconds before it asks at an
+// old hardware address, and then asks three times (arp(7)).
 constexpr milliseconds LongestVerdict(9000);
 
 // An entry can be thrown away and made anew while the table is being listed.
 constexpr int Misses = 3;
 
-// More are only needed where somebody else changes the table all the time.
+// More probes are only needed where another program changes the table all the time.
 constexpr int MostProbes = 8;
 
-// What ages, which are in hundredths of a second, and the reading of the table can be late by.
+// How late the times of entries can be: their ages are in hundredths of a second, and reading the
+// table takes time.
 constexpr milliseconds Tolerance(20);
 
 bool IsFixed(NeighbourState state) {
@@ -54,7 +56,7 @@ void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
       break;
     case SearchEvent::Kind::Answered:
       isHeard_ = true;
-      // By ARP, the next look has the hardware address.
+      // With ARP, the next look finds the hardware address, too.
       if (hearing_ == Hearing::Answer) state_ = State::Up;
       break;
     case SearchEvent::Kind::Seen:
@@ -68,7 +70,7 @@ void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
 
 void HostSearch::Look(const Neighbour* entry, Clock::time_point now) {
   See(entry, now);
-  // What the table says comes first: the program can have been stopped for long.
+  // What the table says comes first, since the program may have been stopped for long.
   const bool isPending = !IsDone() && state_ != State::ToProbe;
   if (isPending && now - probe_ > LongestVerdict) Doubtful(Doubt::TooLong);
 }
@@ -111,7 +113,7 @@ void HostSearch::SeeIncomplete(const Neighbour& entry, Clock::time_point now) {
   }
 }
 
-// A failure says that there is no host if all requests were made since the probe.
+// A failure means that there is no host only if all requests were made since the probe.
 void HostSearch::SeeFailed(const Neighbour& entry, Clock::time_point now) {
   if (!IsSinceProbe(entry.Since)) return SeeNothing(now);
   const bool isIdle = wasIdle_ && state_ == State::Probed;
@@ -122,7 +124,8 @@ void HostSearch::SeeFailed(const Neighbour& entry, Clock::time_point now) {
   }
 }
 
-// An entry that had no hardware address since the probe and has one now: the host has told it.
+// An entry has a hardware address that the kernel has not confirmed. If it had no hardware address
+// at some time since the probe, the host has just given it.
 void HostSearch::SeeUnconfirmed(const Neighbour& entry, Clock::time_point now) {
   if (isHeard_ || IsAsking() || IsSinceProbe(entry.Confirmed)) {
     state_ = State::Up;
@@ -169,8 +172,8 @@ void HostSearch::Listen(const Neighbour* gateway, Clock::time_point now) {
   }
 }
 
-// Nothing has answered ARP. The host can have answered the probe all the same, if its entry has
-// been thrown away since.
+// Nothing has answered ARP. The host may still have answered the probe, if its entry has been
+// thrown away since.
 void HostSearch::EndSilence() { state_ = isHeard_ ? State::Up : State::Absent; }
 
 void HostSearch::ProbeAnew() {

@@ -10,19 +10,19 @@
 
 namespace hostsweep {
 
-// How a host at the address can be heard of: by ARP as well as by its answer to the probe, or by
-// the answer alone, as beyond a router.
+// How a host at the address can be heard: by ARP and by its answer to the probe, or, as beyond a
+// router, only by its answer.
 enum class Hearing { Arp, Answer };
 
-// The reason for which a search ends without a result.
+// The reason why a search ends without a result.
 enum class Doubt {
-  None,           // none: the answer alone could tell, and did not come
+  None,           // no reason: only an answer could tell, and no answer came
   NotAsked,       // the kernel has not asked for the address, although the probe was sent
   TooLong,        // the kernel is still asking
   GatewaySilent,  // the gateway does not answer ARP
   Changed,        // the network has changed, twice
   Forbidden,      // a firewall forbids the probe
-  TableFull,      // the kernel's table of neighbours has been full for long
+  TableFull,      // the kernel's table of neighbours has been full for too long
   Unreachable     // there is no way to the address any more
 };
 
@@ -31,15 +31,15 @@ struct SearchEvent {
   enum class Kind {
     Sent,      // the probe has been sent
     Answered,  // the host itself has answered a probe
-    Seen,      // the kernel's table has been looked into
+    Seen,      // the kernel's table has been read
     Changed,   // the network has changed since the probe
-    Failed     // the probe could not be sent, or an error of this machine has come
+    Failed     // the probe could not be sent, or this machine has reported an error
   };
   Kind What = Kind::Seen;
   const Neighbour* Entry =
-      nullptr;                 // `Seen`: that of the address, or of its gateway; null for none
+      nullptr;  // `Seen`: of the address, or of its gateway; null if there is no entry
   Doubt Reason = Doubt::None;  // `Failed`: the reason
-  Hearing How = Hearing::Arp;  // `Changed`: how a host can be heard of now
+  Hearing How = Hearing::Arp;  // `Changed`: how a host can be heard now
 };
 
 class HostSearch {
@@ -51,7 +51,7 @@ class HostSearch {
     AskingLast,   // the third request is out
     AskingSince,  // the kernel asks by broadcast; it began before the probe
     Verifying,    // the kernel has a hardware address, which it has yet to confirm
-    Listening,    // only an answer can tell
+    Listening,    // waiting for an answer, which alone can tell
     Up,           // a host has been heard
     Absent,       // no host has answered ARP; `Changed` can still follow
     Unknown       // `Reason` says why; after `Doubt::None`, `Changed` can still follow
@@ -66,7 +66,7 @@ class HostSearch {
   [[nodiscard]] Doubt Reason() const { return reason_; }
   [[nodiscard]] bool IsDone() const { return state_ >= State::Up; }
 
-  // True if the next look into the kernel's table can be expected to tell something new soon.
+  // True if the kernel's table is expected to tell something new soon.
   [[nodiscard]] bool IsUrgent(Clock::time_point now) const;
 
  private:
@@ -88,7 +88,7 @@ class HostSearch {
   State state_ = State::ToProbe;
   Doubt reason_ = Doubt::None;
   Clock::time_point probe_;        // the last probe
-  Clock::time_point lastRequest_;  // the third request has been out at least since then
+  Clock::time_point lastRequest_;  // when the third request was first seen to be out
   int probes_ = 0;
   int misses_ = 0;          // looks in a row that found no entry
   bool isHeard_ = false;    // the host has answered a probe

@@ -10,7 +10,7 @@
 namespace hostsweep {
 namespace {
 
-// Takes the next word, which is between white space, from the line; empty if there is no other.
+// Takes the next word, which white space separates, from the line; empty if no word is left.
 std::string_view TakeWord(std::string_view& line) {
   constexpr std::string_view WhiteSpace = " \t\r\f\v";
   line.remove_prefix(std::min(line.find_first_not_of(WhiteSpace), line.size()));

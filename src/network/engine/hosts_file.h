@@ -1,4 +1,4 @@
-// The administrator's own names of addresses: hosts(5).
+// The names that the administrator has given to addresses: hosts(5).
 #pragma once
 
 #include <cstdint>
@@ -10,11 +10,11 @@ namespace hostsweep {
 
 class HostsFile {
  public:
-  // Reads the file. One that does not exist has no names. Throws `std::system_error` if it cannot
-  // be read.
+  // Reads the file. If it does not exist, there are no names. Throws `std::system_error` if it
+  // cannot be read.
   explicit HostsFile(const std::string& path = "/etc/hosts");
 
-  // The first name on the first line of the address, as in `NameText`; nothing if there is none.
+  // The first name on the first line of the address, as in `NameText`; nothing if there is no name.
   [[nodiscard]] std::optional<std::string> NameOf(std::uint32_t address) const;
 
  private:

@@ -10,11 +10,11 @@ namespace {
 // The kinds of services that are offered (RFC 6763, section 9).
 constexpr const char* AllServices = "_services._dns-sd._udp.local";
 
-// A query has at most 1,372 bytes with so many reverse lookups, and fits into one packet.
+// A query with this many reverse lookups has at most 1,372 bytes, and fits into one packet.
 constexpr std::size_t MostQuestions = 40;
 constexpr std::size_t LargestQuery = 1400;
 
-// What strangers can make the program ask and remember is limited.
+// Limits to what strangers can make the program ask and remember.
 constexpr std::size_t LargestBrowse = 256;
 constexpr std::size_t MostHosts = 4096;
 
@@ -81,8 +81,8 @@ void MulticastDns::Hear(std::uint32_t sender, std::string_view message) {
 }
 
 void MulticastDns::HearRecord(std::uint32_t sender, const DnsRecord& record) {
-  // The highest bit of the class tells that there are no other records (RFC 6762, section 10.2); a
-  // time to live of 0, that the record holds no more (section 10.1).
+  // The highest bit of the class means that there are no other records (RFC 6762, section 10.2); a
+  // time to live of 0, that the record is no longer valid (section 10.1).
   constexpr int ClassBits = 0x7FFF;
   if ((record.Class & ClassBits) != InternetClass || record.TimeToLive == 0) return;
   const bool isPointer = record.Type == PointerType && IsLocalName(record.Target) &&
@@ -96,8 +96,8 @@ void MulticastDns::HearRecord(std::uint32_t sender, const DnsRecord& record) {
   if (isAddress) TakeFirst(names.Address, record.Owner);
 }
 
-// Hosts leave out what another has said, so the kinds of services are taken from anybody, and asked
-// for on every device. What follows concerns the sender alone.
+// Hosts leave out what another host has said, so the kinds of services are taken from any host, and
+// asked for on every device. What follows is asked only about the sender.
 void MulticastDns::AskFurther(std::uint32_t sender, const DnsRecord& record) {
   const std::string owner = Folded(record.Owner);
   if (record.Type == PointerType && owner == Folded(AllServices)) {

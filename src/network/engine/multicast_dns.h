@@ -21,11 +21,11 @@ namespace hostsweep {
 constexpr std::uint32_t MulticastDnsGroup = 0xE00000FB;  // 224.0.0.251
 constexpr std::uint16_t MulticastDnsPort = 5353;
 
-// Every host says which names are its own, and is believed for its own address alone: a pointer or
-// an address record counts if it comes from the very address that it names, and the name ends in
-// ".local". Many hosts answer no reverse lookup, but give their address record beside the services
-// that they offer; so a browse asks for all kinds of services, for the services of each kind
-// (RFC 6763, section 9), and for the host and the address of each.
+// A host is believed only about its own address: a pointer or an address record counts if it comes
+// from the very address that it names, and the name ends in ".local". Many hosts answer no reverse
+// lookup, but give their address record beside the services that they offer; so a browse asks for
+// all kinds of services (RFC 6763, section 9), for the services of each kind, and for the host and
+// the address of each service.
 class MulticastDns {
  public:
   struct Query {
@@ -33,24 +33,24 @@ class MulticastDns {
     std::string Message;
   };
 
-  // Has the name of the address asked for on this device.
+  // Asks for the name of the address on this device.
   void Ask(std::uint32_t address, int device);
 
-  // Has the services on this device asked for, anew if that has been done before.
+  // Asks for the services on this device, again if that has been done before.
   void Browse(int device);
 
-  // Takes the next query to send; nothing if there is none.
+  // Takes the next query to send; nothing if no query is left.
   std::optional<Query> Next();
   [[nodiscard]] bool HasNext() const { return !questions_.empty(); }
 
   // Takes a message that has come from this address.
   void Hear(std::uint32_t sender, std::string_view message);
 
-  // The name that a pointer record of the host has, as in `WithCharacters`; the first in
-  // alphabetical order if there are several.
+  // The name in a pointer record of the host, as in `WithCharacters`; the first in alphabetical
+  // order if there are several names. Nothing if there is no name.
   [[nodiscard]] std::optional<std::string> PointerName(std::uint32_t address) const;
 
-  // The same of its address records.
+  // The same from its address records.
   [[nodiscard]] std::optional<std::string> AddressName(std::uint32_t address) const;
 
   // Forgets the host: nothing more is asked for it.
@@ -67,8 +67,8 @@ class MulticastDns {
   void AskOnce(int device, DnsQuestion question);
   [[nodiscard]] bool IsAsked(int device, const DnsQuestion& question) const;
 
-  std::map<std::uint32_t, int> devices_;  // of the hosts that are asked for
-  std::map<std::uint32_t, Names> heard_;  // also of hosts that are asked for only later
+  std::map<std::uint32_t, int> devices_;  // of the hosts whose names are asked for
+  std::map<std::uint32_t, Names> heard_;  // also of hosts whose names may be asked for later
   std::deque<std::pair<int, DnsQuestion>> questions_;             // to send, each on its device
   std::map<int, std::set<std::pair<std::string, int>>> browsed_;  // what the browse has asked
 };

@@ -1,4 +1,4 @@
-// What asking for the name of one address has brought.
+// The result of asking for the name of an address.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace hostsweep {
 
-// A name, or none, or why that is not known.
+// A name, or that there is no name, or why this is not known.
 struct NameResult {
   std::uint64_t Key = 0;  // as given with the question
   std::optional<std::string> Name;

@@ -20,8 +20,8 @@ using std::chrono::milliseconds;
 constexpr std::size_t MostQuestions = 64;
 constexpr milliseconds LongestQuestion(6000);
 
-// The first try has this long; newer versions of the library adapt it to the answers, so that a
-// server that was fast could be given up soon without the further tries.
+// The time for the first try. Newer versions of the library adapt it to the answers, so without
+// further tries a server that was fast could be given up too soon.
 constexpr int FirstTimeout = 1000;
 constexpr int Tries = 4;
 
@@ -54,7 +54,7 @@ NameServers::Channel::Channel(int flags) {
   };
   int given = ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_SOCK_STATE_CB;
 #ifdef ARES_OPT_UDP_MAX_QUERIES
-  // The versions that have this end all questions of a socket that receives a bad answer.
+  // Versions with this option end all questions of a socket that receives a bad answer.
   options.udp_max_queries = 1;
   given |= ARES_OPT_UDP_MAX_QUERIES;
 #endif
@@ -71,7 +71,8 @@ NameServers::NameServers()
     : servers_(std::make_unique<Channel>(0)),
       firstServer_(std::make_unique<Channel>(ARES_FLAG_NOCHECKRESP)) {}
 
-// The library tells each question that is out of its end, while there still are questions.
+// The library ends each question that is still out by calling `Answered`, so the questions must
+// still exist.
 NameServers::~NameServers() {
   for (auto& [key, question] : questions_) question.IsOver = true;
   servers_.reset();
@@ -115,7 +116,7 @@ void NameServers::AskNext(Clock::time_point now) {
   }
 }
 
-// The question can have its answer, and be gone, when this returns.
+// When this returns, the question can already be answered and deleted.
 void NameServers::Send(Question& question, const Channel& channel) {
   ares_query(channel.Handle, question.Name.c_str(), InternetClass, PointerType, Answered,
              &question);
@@ -137,7 +138,7 @@ void NameServers::Answered(void* question, int status, int /*timeouts*/, unsigne
 
 void NameServers::HandleAnswer(Question& question, int status, const std::string& message) {
   if (!question.IsOver && status == ARES_ECONNREFUSED && !question.IsSecondTime) {
-    // Older versions of the library say this, too, if the servers have refused or failed.
+    // Older versions of the library also say this if the servers have refused or failed.
     question.IsSecondTime = true;
     Send(question, *firstServer_);
     return;
@@ -186,7 +187,7 @@ void NameServers::End(Question& question, std::optional<std::string> name,
   results_.push_back({question.Key, std::move(name), source, failure});
 }
 
-// Ends the questions whose time is over; the library gives them up later.
+// Ends the questions whose deadline has passed; the library gives them up later.
 void NameServers::EndLate(Clock::time_point now) {
   while (!deadlines_.empty()) {
     const auto found = questions_.find(deadlines_.front());

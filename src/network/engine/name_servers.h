@@ -21,10 +21,11 @@ struct ares_channeldata;
 
 namespace hostsweep {
 
-// Nothing here waits: `Watch` and `NextTime` say for what to wait, before the next `Proceed`.
+// Nothing here waits: `Watch` and `NextTime` say what to wait for, before the next `Proceed`.
 //
-// At most 64 questions are out at a time. One has six seconds, in which it is asked again and of
-// other servers. After 64 in a row without a reply from any server, no others are asked.
+// At most 64 questions are out at a time. Each has six seconds, in which it is repeated, and other
+// servers are asked. After 64 questions in a row without a reply from any server, no more are
+// asked.
 class NameServers {
  public:
   // Throws `std::runtime_error` if the library cannot be made ready.
@@ -33,10 +34,10 @@ class NameServers {
   NameServers& operator=(const NameServers&) = delete;
   ~NameServers();
 
-  // Has the name of the address looked up, as soon as there is room.
+  // Looks the name of the address up, as soon as there is room.
   void Ask(std::uint64_t key, std::uint32_t address);
 
-  // Does what can be done now, with those of the descriptors that are ready.
+  // Does what can be done now, with the descriptors that are ready.
   void Proceed(const std::vector<Watched>& ready, Clock::time_point now);
 
   // The results that have come since the last call. Several names of an address, in alphabetical
@@ -63,7 +64,7 @@ class NameServers {
     bool Reads;
     bool Writes;
   };
-  // A library's channel to the servers, which tells what it waits for.
+  // The library's channel to the servers, and what it waits for.
   struct Channel {
     explicit Channel(int flags);
     Channel(const Channel&) = delete;
@@ -82,15 +83,16 @@ class NameServers {
   void EndLate(Clock::time_point now);
 
   std::deque<std::pair<std::uint64_t, std::uint32_t>> waiting_;  // key and address
-  std::map<std::uint64_t, Question> questions_;  // those that the library has, by key
+  std::map<std::uint64_t, Question> questions_;  // the questions that the library has, by key
   std::deque<std::uint64_t> deadlines_;          // their keys, in the order of their deadlines
-  std::size_t outCount_ = 0;                     // those without a result
-  std::size_t unansweredCount_ = 0;              // in a row
+  std::size_t outCount_ = 0;                     // questions without a result
+  std::size_t unansweredCount_ = 0;              // questions in a row without a reply
   std::vector<NameResult> results_;
   std::exception_ptr error_;  // what must not pass through the library
-  // Of several servers the next is asked when one refuses or fails, and what they said is not told.
+  // If a server refuses or fails, the next server is asked, and the library does not tell what the
+  // servers said.
   std::unique_ptr<Channel> servers_;
-  // What the first one says is told.
+  // The library tells what the first server says.
   std::unique_ptr<Channel> firstServer_;
 };
 

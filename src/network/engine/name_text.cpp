@@ -23,7 +23,7 @@ std::string Escaped(std::string_view character) {
   return text;
 }
 
-// The bytes as characters, without a care for backslashes.
+// The bytes as characters. A backslash is a character like any other.
 std::string Characters(std::string_view bytes) {
   std::string text;
   while (!bytes.empty()) {
@@ -35,7 +35,8 @@ std::string Characters(std::string_view bytes) {
   return text;
 }
 
-// The byte outside ASCII for which the beginning of the text stands; nothing for others.
+// The byte outside ASCII for which an escape at the beginning of the text stands; nothing if there
+// is no such escape.
 std::optional<char> HighByte(std::string_view text) {
   if (text.size() < EscapeSize || text[0] != '\\') return {};
   int number = 0;
@@ -63,7 +64,7 @@ std::string NameText(std::string_view bytes) {
 
 std::string WithCharacters(std::string_view name) {
   std::string text;
-  std::string bytes;  // that follow each other
+  std::string bytes;  // bytes outside ASCII, in a row
   while (!name.empty()) {
     if (const std::optional<char> byte = HighByte(name)) {
       bytes += *byte;

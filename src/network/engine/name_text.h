@@ -1,6 +1,6 @@
-// Names that do not come from the DNS, made fit for reports: characters that a terminal shows and
-// does nothing else stay as they are, in UTF-8, and "\DDD", three decimal digits, stands for every
-// byte of others and for a space.
+// Names that do not come from the DNS, made fit for reports: characters that a terminal only shows
+// stay as they are, in UTF-8; a space, and every byte of other characters, becomes "\DDD", three
+// decimal digits.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace hostsweep {
 
-// The text of a name whose bytes are these. A backslash is doubled.
+// The text of a name that has these bytes. A backslash is doubled.
 std::string NameText(std::string_view bytes);
 
 // The text of a name in which "\DDD" stands for every byte outside ASCII, as in `DnsRecord`.

@@ -1,5 +1,4 @@
-// The names of addresses, from whoever knows them: /etc/hosts, the name servers, and the hosts
-// themselves.
+// The names of addresses, from /etc/hosts, the name servers, and the hosts themselves.
 #pragma once
 
 #include <cstdint>
@@ -16,17 +15,17 @@
 
 namespace hostsweep {
 
-// Nothing here waits: `Watch` and `NextTime` say for what to wait, before the next `Proceed`.
+// Nothing here waits: `Watch` and `NextTime` say what to wait for, before the next `Proceed`.
 class Names {
  public:
   // Reads /etc/hosts. Throws `std::runtime_error` if names cannot be looked up at all.
   Names();
 
-  // Has the name of the address looked up in /etc/hosts, and if it is not there, by the name
-  // servers.
+  // Looks the name of the address up in /etc/hosts, and if it is not there, asks the name servers.
   void LookUp(std::uint64_t key, std::uint32_t address);
 
-  // Has the host at the address asked for its own name, by multicast DNS if `device` is not 0.
+  // Asks the host at the address for its own name: by multicast DNS on `device`, unless that is 0,
+  // and by NetBIOS.
   void AskHost(std::uint64_t key, std::uint32_t address, int device, Clock::time_point now) {
     hosts_.Ask(key, address, device, now);
   }
@@ -34,8 +33,8 @@ class Names {
   // The number of hosts that have been asked and have no result yet.
   [[nodiscard]] std::size_t AskedCount() const { return hosts_.Count(); }
 
-  // Does what can be done now, with those of the descriptors that are ready. `isWaiting`: the sweep
-  // has to wait for more than the hosts that have been asked.
+  // Does what can be done now, with the descriptors that are ready. `isWaiting`: the sweep has to
+  // wait for more than the hosts that have been asked.
   void Proceed(const std::vector<Watched>& ready, Clock::time_point now, bool isWaiting);
 
   // The results of `LookUp` and of `AskHost` that have come since the last call.

@@ -7,7 +7,7 @@
 namespace hostsweep {
 namespace {
 
-// "*" and 15 null characters, each half of a byte as a letter (RFC 1001, section 14.1).
+// "*" and 15 null characters, with a letter for each half of a byte (RFC 1001, section 14.1).
 constexpr std::string_view WildcardName(
     "\x20"
     "CKAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA\0",
@@ -51,7 +51,7 @@ std::optional<std::string> NodeNameIn(std::string_view message, std::uint16_t id
   if (message.size() <= CountAt || Short(message, 0) != identifier) return {};
   const int flags = Short(message, 2);
   if ((flags & Response) == 0 || (flags & OperationAndResult) != 0) return {};
-  // No questions and one answer, under the name that was asked for.
+  // No question and one answer, for the name that was asked for.
   if (Short(message, 4) != 0 || Short(message, 6) != 1) return {};
   const std::string_view record = message.substr(HeaderSize);
   if (record.substr(0, WildcardName.size()) != WildcardName) return {};

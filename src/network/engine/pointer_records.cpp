@@ -21,7 +21,7 @@ std::optional<std::vector<std::string>> PointerNamesIn(std::string_view message,
     if (record.Type == PointerType) pointers.emplace(owner, record.Target);
   }
   std::string owner = Folded(name);
-  for (std::size_t i = 0; i < aliases.size(); ++i) {  // no longer, if they go in a circle
+  for (std::size_t i = 0; i < aliases.size(); ++i) {  // aliases can go in a circle
     const auto alias = aliases.find(owner);
     if (alias == aliases.end()) break;
     owner = alias->second;

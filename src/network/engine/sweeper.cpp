@@ -10,26 +10,28 @@ namespace {
 using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
-// At most 5,000 probes a second, since switches and wireless networks drop bursts of the broadcasts
-// that they cause. After a pause a few may follow each other at once.
+// At most 5,000 probes a second, since they cause broadcasts, and switches and wireless networks
+// drop bursts of broadcasts. After a pause a few probes may follow each other at once.
 constexpr microseconds ProbeInterval(200);
 constexpr milliseconds LongestBurst(10);
 constexpr milliseconds BatchTime(5);
 
-// After this time the next try, where the kernel takes no probe now; and the last one.
+// If the kernel takes no probe, the time to the next try, and the time after which no more are
+// made.
 constexpr milliseconds RetryTime(20);
 constexpr std::chrono::minutes LongestWait(2);
 
-// The ARP cache is looked into at the longest interval, or while news is expected at such that this
-// takes about a hundredth of the time.
+// The ARP cache is read at the longest interval, or, while news is expected, as often as takes
+// about a hundredth of the time.
 constexpr milliseconds ShortestLookInterval(10);
 constexpr milliseconds LongestLookInterval(100);
 constexpr int LookShare = 100;
 
-// A gateway beyond which a host has been heard so lately is there.
+// A gateway counts as there if a host beyond it has been heard within this time.
 constexpr std::chrono::seconds HeardTime(10);
 
-// Findings wait for those before them; a single address can take long.
+// The most addresses that are begun and not given out. A finding waits for those before it, and one
+// address can take long.
 constexpr std::size_t MostTargets = 4096;
 
 }  // namespace
@@ -78,7 +80,7 @@ void Sweeper::AskHosts(Clock::time_point now) {
   }
 }
 
-// True if some address has yet to be probed, to be heard of or to be looked up.
+// True if an address waits for anything but its host's own name.
 bool Sweeper::IsWaiting() const { return inWork_.size() > names_->AskedCount(); }
 
 void Sweeper::Watch(std::vector<Watched>& descriptors) const {
@@ -89,7 +91,7 @@ void Sweeper::Watch(std::vector<Watched>& descriptors) const {
 }
 
 std::optional<Clock::time_point> Sweeper::NextTime(Clock::time_point now, bool mayBegin) const {
-  // Findings that have been given out since `Proceed` can have made room.
+  // There can be room since `Proceed`, as findings have been given out.
   if (mayBegin && CanBegin()) return now;
   std::optional<Clock::time_point> next;
   if (names_) next = names_->NextTime(now, IsWaiting());
@@ -139,7 +141,7 @@ void Sweeper::SendProbes(Clock::time_point now) {
   while (!toProbe_.empty() && nextProbe_ <= now) {
     const Key key = toProbe_.front();
     toProbe_.pop_front();
-    // An answer to an earlier probe can have come meanwhile.
+    // An answer to an earlier probe can have come in the meantime.
     if (key < firstKey_ || !At(key).WantsProbe()) continue;
     if (!SendProbe(key, now)) {
       toProbe_.push_front(key);
@@ -237,12 +239,12 @@ void Sweeper::HandleFor(Key key, const SearchEvent& event, Clock::time_point now
     const Route way = stack_.RouteTo(target.Address());
     target.Confirm(way, LinkOf(way.Device), now);
   }
-  if (target.WantsProbe()) toProbe_.push_front(key);  // where it can be already
+  if (target.WantsProbe()) toProbe_.push_front(key);  // it may be in there twice
   Settle(key);
 }
 
-// Has the host asked for its name if that is all that is missing, and counts the address if its
-// sweep has ended.
+// Asks the host for its name if nobody else has a name for it, and counts the address if its sweep
+// has ended.
 void Sweeper::Settle(Key key) {
   Target& target = At(key);
   if (target.WantsHostName()) {

@@ -1,4 +1,4 @@
-// The sweep of many addresses at a time: when which is probed, looked for and named. It neither
+// The sweep of many addresses at a time: when each is probed, looked for and named. It neither
 // waits nor prints.
 #pragma once
 
@@ -29,13 +29,13 @@ namespace hostsweep {
 // name. The functions throw `std::system_error` if the system cannot be asked.
 class Sweeper {
  public:
-  // At most `jobs` addresses are in work at a time. Without `usesNames` nobody is asked for names.
+  // At most `jobs` addresses are swept at a time. Without `usesNames` nobody is asked for names.
   // The other objects must outlive this one.
   Sweeper(const std::vector<Network>& networks, std::size_t jobs, bool usesNames,
           NetworkStack& stack);
 
-  // Does all that can be done at this time, with those of the descriptors that are ready. Begins
-  // further addresses only if `mayBegin`.
+  // Does all that can be done at this time, with the descriptors that are ready. Begins further
+  // addresses only if `mayBegin`.
   void Proceed(const std::vector<Watched>& ready, Clock::time_point now, bool mayBegin);
 
   // Appends the descriptors to wait for before the next `Proceed`.
@@ -79,12 +79,12 @@ class Sweeper {
   std::size_t jobs_;
   NetworkStack& stack_;
   AddressWalk walk_;
-  std::optional<Names> names_;  // nothing if nobody is asked
+  std::optional<Names> names_;  // nothing if nobody is asked for names
   ProbeSockets probes_;
 
   std::deque<Target> targets_;                     // begun and not given out
-  Key firstKey_ = 0;                               // of the first of them
-  std::unordered_map<std::uint32_t, Key> inWork_;  // those that are not done, by address
+  Key firstKey_ = 0;                               // the key of the first target
+  std::unordered_map<std::uint32_t, Key> inWork_;  // targets that are not done, by address
   std::uint64_t doneCount_ = 0;
   TroubleCounts troubles_;
 

@@ -18,7 +18,8 @@ bool LeadsToHosts(const Route& way) {
   return way.Leads == Route::Kind::Direct || way.Leads == Route::Kind::Beyond;
 }
 
-// Without ARP nothing is asked, and a missing link is one more reason for silence.
+// True if the kernel could not ask by ARP. Without ARP, a missing link is only one more reason for
+// silence.
 bool IsDown(const Route& way, const LinkState& link) {
   return way.Leads == Route::Kind::Direct && !link.IsUp;
 }
@@ -42,7 +43,7 @@ Trouble TroubleOf(Doubt doubt) {
   }
 }
 
-// As hostsweep prints it: six groups in its own form, others as arp(8) does.
+// The form in which hostsweep prints it: its own for six bytes, and that of arp(8) for others.
 std::string FormatHardwareAddress(const std::string& bytes) {
   constexpr std::size_t UsualSize = 6;
   const std::string groups = FormatHardwareBytes(bytes);
@@ -91,12 +92,12 @@ bool Target::IsSearched() const {
 void Target::Handle(const SearchEvent& event, Clock::time_point now) {
   search_.Handle(event, now);
   const bool isOfHost = event.Entry != nullptr && way_.Leads == Route::Kind::Direct;
-  // A host that is up, or an administrator's entry, which leaves it unknown without a doubt.
+  // A host is up, or an entry of the administrator's leaves it unknown, without a `Doubt`.
   const bool isSure = search_.IsDone() && search_.Reason() == Doubt::None;
   if (isOfHost && isSure) hardwareAddress_ = event.Entry->HardwareAddress;
 }
 
-// What has been heard stays true; only silence can have another reason.
+// A host that was heard is up whatever has changed; silence can have another reason.
 bool Target::NeedsConfirmation() const {
   return LeadsToHosts(way_) && search_.IsDone() && !isConfirmed_ &&
          search_.Current() != HostSearch::State::Up;

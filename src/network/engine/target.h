@@ -1,4 +1,5 @@
-// One address in work: its way, the search for its host and for its name, and what has gone wrong.
+// One address being swept: the way to it, the search for its host and for its name, and what has
+// gone wrong.
 #pragma once
 
 #include <cstdint>
@@ -15,15 +16,15 @@ namespace hostsweep {
 
 class Target {
  public:
-  // `link`: that of the device that the way leads to, read before the first probe. `wantsName`: a
-  // name is to be found, too.
+  // `link`: of the device that the way leads to, read before the first probe. `wantsName`: a name
+  // is to be found, too.
   Target(std::uint32_t address, const Route& way, const LinkState& link, bool wantsName);
 
   [[nodiscard]] std::uint32_t Address() const { return address_; }
   [[nodiscard]] const Route& Way() const { return way_; }
   [[nodiscard]] const HostSearch& Search() const { return search_; }
 
-  // True if it cannot be swept: nothing is to be asked, and there is no finding.
+  // True if the address cannot be swept: nothing is to be asked, and there is no finding.
   [[nodiscard]] bool IsSkipped() const { return isSkipped_; }
 
   // True if a probe is to be sent before anything else can be known.
@@ -32,7 +33,7 @@ class Target {
   // True if a look into the ARP cache can tell something.
   [[nodiscard]] bool WantsLook() const;
 
-  // True if the host is to be asked for its name: it is up, and nobody else has told one.
+  // True if the host is to be asked for its name: it is up, and no other source has a name.
   [[nodiscard]] bool WantsHostName() const;
 
   // True if nothing more is to be found out.
@@ -47,13 +48,13 @@ class Target {
   // True if `Confirm` has to be called before the search is taken to be over.
   [[nodiscard]] bool NeedsConfirmation() const;
 
-  // For an address of this machine itself. In bytes.
+  // For an address of this machine itself: the bytes of its hardware address.
   void SetHardwareAddress(const std::string& bytes) { hardwareAddress_ = bytes; }
 
   // What /etc/hosts and the name servers say of the address.
   void SetLookUp(NameResult result);
 
-  // The host is asked from now on; what it says.
+  // To be called when the host is asked for its name, and with the result.
   void BeginAskingHost() { asking_ = Asking::Asked; }
   void SetHostName(NameResult result);
 
