@@ -13,7 +13,7 @@
 namespace hostsweep {
 namespace {
 
-// An application whose work and whose handler are the test's.
+// An application whose work and handler come from the test.
 class TestApp : public App {
  public:
   std::int64_t Run(const std::vector<Text>& arguments) override {
@@ -75,7 +75,7 @@ TEST_F(Frame, TheHandlerDecides) {
   EXPECT_THROW(Call(), ShellNotRunningException);
   EXPECT_EQ(app_.HandlerCalls, 5);
   EXPECT_FALSE(app_.ConsoleApplication::UnhandledException(NilObjectException()));
-  app_.Work = []() -> std::int64_t { throw 1; };  // not one of ours
+  app_.Work = []() -> std::int64_t { throw 1; };  // not an exception of ours
   EXPECT_THROW(Call(), int);
   EXPECT_EQ(app_.HandlerCalls, 5);
 }

@@ -1,4 +1,4 @@
-// src/network/changes: what counts as a change, what is kept, and the file that it is kept in.
+// src/network/changes: what counts as a change, what is kept, and the file in which it is kept.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -40,9 +40,9 @@ void SetName(Finding& finding, const std::string& text) {
   finding.Name = text.substr(finding.IsLookedUp ? 1 : 2);
 }
 
-// A finding as "ADDRESS:CARD=NAME". The address is a number. In place of a card "-" is nothing, "?"
-// something unknown, "*" a host without a card, and "r" a reserved address. The name follows a
-// letter for its source; "!" before it: the name servers could not be asked.
+// A finding as "ADDRESS:CARD=NAME". The address is a number. In place of a card, "-" is nothing,
+// "?" something unknown, "*" a host without a card, and "r" a reserved address. A letter for its
+// source comes before the name, and "!" before that if the name servers could not be asked.
 Finding ParseFinding(const std::string& text) {
   Finding finding;
   const std::size_t colon = text.find(':');
@@ -78,9 +78,9 @@ std::string Joined(const std::vector<Change>& changes) {
   return text;
 }
 
-// The sweeps, the first of which begins, separated by "|"; one that ends with "..." is incomplete.
-// Returns what each but the first one has changed, joined by "|" too. The first is at time 0, and
-// each other one at the next second.
+// Makes sweeps, separated by "|", the first with an empty file; a sweep that ends with "..." is
+// incomplete. Returns the changes of each sweep after the first, joined by "|", too. The first
+// sweep is at time 0, and each other sweep a second later.
 std::string Simulated(const std::string& sweeps) {
   std::vector<SeenHost> seen;
   std::string result;
@@ -233,8 +233,8 @@ INSTANTIATE_TEST_SUITE_P(Networks, Changes, testing::ValuesIn(Networks));
 INSTANTIATE_TEST_SUITE_P(Doubts, Changes, testing::ValuesIn(Doubts));
 INSTANTIATE_TEST_SUITE_P(Names, Changes, testing::ValuesIn(Names));
 
-// What a name means after another. "k": the one before is kept; "c": it has changed; "l": what is
-// told now is taken, without a change.
+// What a name means after another name. "k": the earlier name is kept; "c": it has changed; "l":
+// what was found now is taken, without a change.
 TEST(CompareNames, SaysWhichSilenceMeansSomething) {
   const std::vector<std::string> now = {"",   "!",  "hx", "dx", "mx",  "nx",
                                         "hy", "dy", "my", "ny", "!my", "!ny"};
@@ -336,7 +336,7 @@ TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
               << Described(change);
         }
       }
-      // The same again, which the second time can only tell who is gone.
+      // The same findings again: the second time they can only show who is gone.
       for (const Change& change : compare(2 * time + 1)) {
         EXPECT_EQ(change.What, Change::Kind::Gone) << Described(change);
         const auto key =
@@ -344,7 +344,7 @@ TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
         EXPECT_TRUE(gone.insert(key).second) << Described(change);
       }
     }
-    // The file can have each of these hosts, and gives it back.
+    // The file can keep each of these hosts.
     for (const SeenHost& host : seen) {
       Makers makers;
       std::string line = FormatSeenLine(host, makers);
@@ -369,7 +369,7 @@ TEST(Comparison, KeepsWhetherAHostIsUpAndNothingThatSteersATerminal) {
   }
 }
 
-// The line of a host with everything, in which `from` stands for another text.
+// The line of a host with all values, in which `to` replaces `from`.
 std::string SeenLine(const std::string& from = "", const std::string& to = "") {
   std::string line =
       R"({"address":"10.0.0.7","name":"nas.lan","hardware_address":"00-1A-2B-3C-4D-5E","maker":null,)"
@@ -396,7 +396,7 @@ TEST(SeenLine, IsReadAsItIsWritten) {
         SeenLine("false", "null")}) {
     EXPECT_EQ(FormatSeenLine(ParseSeenLine(line), makers), line + '\n');
   }
-  // As another program puts it, and with a maker that this machine does not know.
+  // With spaces, as another program may write it, and with a maker unknown to this machine.
   EXPECT_EQ(
       FormatSeenLine(ParseSeenLine(SeenLine(R"("maker":null)", R"( "maker" : "A" )")), makers),
       SeenLine() + '\n');

@@ -28,8 +28,8 @@ using enum NeighbourState;
 constexpr Clock::time_point Begin = Clock::time_point() + std::chrono::hours(1);
 constexpr int Never = -100'000;
 
-// An event at a time in milliseconds, and the state that follows it. `Entry` is of interest if the
-// table is seen: `None` stands for no entry.
+// An event at a time in milliseconds, and the state that follows it. `Entry` counts if the table is
+// seen: `None` stands for no entry.
 struct Step {
   int Time;
   Kind What;

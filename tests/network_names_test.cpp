@@ -1,4 +1,4 @@
-// Names that are not the engine's own: messages of name servers and hosts, and /etc/hosts.
+// Names from outside: the messages of name servers and hosts, and /etc/hosts.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -125,7 +125,7 @@ constexpr std::uint32_t Host = 0x0A320007;
 constexpr std::uint32_t Other = 0x0A320008;
 const std::string HostBytes = "\x0A\x32" + std::string(1, '\0') + "\x07";
 
-// The pointer name and the address name that the host has after this message.
+// The pointer name and the address name of the host after this message.
 std::string Heard(std::uint32_t sender, const std::string& bytes) {
   MulticastDns names;
   names.Ask(Host, 1);
@@ -212,7 +212,7 @@ TEST(MulticastDns, FollowsWhatABrowseLeadsTo) {
   EXPECT_EQ(Asked(names), "nothing");
   const Message kind = Message("x").Add(services, PointerType, Encoded("_http._tcp.local"));
   EXPECT_EQ(hear(names, 1, kind), "1 _http._tcp.local./12");  // from anybody
-  EXPECT_EQ(hear(names, Host, kind), "nothing");              // but once
+  EXPECT_EQ(hear(names, Host, kind), "nothing");              // but only once
   const Message service = Message("x").Add("_HTTP._tcp.local", PointerType, instance);
   EXPECT_EQ(hear(names, 1, service), "nothing");
   EXPECT_EQ(hear(names, Host, service), "1 My P._http._tcp.local./33");

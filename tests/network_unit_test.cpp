@@ -126,7 +126,7 @@ TEST(ReadOptions, AcceptsOptionsAnywhereAndSaysWhatIsWrong) {
       {{"x", "-hx", "--wrong"}, "help"},
       {{"-u", "--free", "-h"}, "--up and --free cannot be combined"},
       {{"--vers", "--wrong"}, "version"},
-      {{"-lxh"}, "-x: no such option"},  // what is left of it must not reach the next row
+      {{"-lxh"}, "-x: no such option"},  // the rest of the argument must not reach the next row
       {{"-V"}, "version"},
       {{"-l", "--wrong=\x1B[2J"}, "--wrong: no such option"},
       {{"--wro\x9Bng", "10.0.0"}, "--wro?ng: no such option"},
@@ -288,7 +288,7 @@ TEST(Makers, DoesNotTakeAnUnreadableListForAnEmptyOne) {
   }
 }
 
-// An address without a name if that is null; a host is up where there is a hardware address.
+// A finding, without a name if `name` is null; the host is up if there is a hardware address.
 Finding Found(std::uint32_t host, const char* name, const char* hardwareAddress) {
   Finding finding;
   finding.Address = host;

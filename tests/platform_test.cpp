@@ -162,8 +162,8 @@ TEST(Print, WritesALineThatThePipeDoesNotTakeWhole) {
   EXPECT_TRUE(received == line + '\n') << received.size();
 }
 
-// A working directory of the test's own. It holds two programs called Arp, in own and other; the
-// Arp in data and the one in some are not programs.
+// A working directory of the test's own. It has two programs called Arp, in "own" and "other"; the
+// Arp in "data" and the Arp in "some" are not programs.
 class SearchPaths : public testing::Test {
  protected:
   SearchPaths() {

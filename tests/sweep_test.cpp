@@ -80,7 +80,7 @@ TEST(ParseHostName, TakesTheTargetOfThePointerRecord) {
       {"7.0.0.10.in-addr.arpa Domain Name POINTER Nas.lan.\r\n", "Nas.lan"},
       // Several records: all of them.
       {"domain name pointer a.\nx domain name pointer b.\n", "a.\nx domain name pointer b"},
-      // One character is skipped, whatever it is: a letter, one of several bytes, a stray byte.
+      // One character is skipped: a letter, a character of several bytes, a stray byte.
       {"domain name pointerX.nas.\n", ".nas"},
       {"domain name pointer\u20ACnas.\n", "nas"},
       {"domain name pointer\xE2\x82nas.", "\x82nas"},
@@ -97,7 +97,7 @@ TEST(ParseHardwareAddress, NormalisesSixGroups) {
   const std::pair<const char*, const char*> rows[] = {
       {"? (10.0.0.7) at 0:1f:a:bc:D:e on en0 ifscope [ethernet]\n", "00-1F-0A-BC-0D-0E"},
       {"x AT 1:2:3:4:5:6 on en0\nx at 7:8:9:a:b:c on en1\n", "01-02-03-04-05-06"},
-      // An empty group stays, and one of two bytes is one character.
+      // An empty group stays, and a character of two bytes is one character.
       {"x at 1::3:4:5:6 ", "01--03-04-05-06"},
       {"x at 1:abc:3:4:5:\u00E9 ", "01-ABC-03-04-05-0\u00E9"},
       {"x at a:2:3:4:5 on en0", "a:2:3:4:5"},

@@ -15,9 +15,9 @@ TEST(Text, EqualityIgnoresLetterCaseInAsciiOnly) {
   EXPECT_NE(Text("\u00C4"), Text("\u00E4"));
 }
 
-// Characters of each size, the first and the last of each size, and those at the bounds of the
-// leads that not every byte can follow; overlong forms, a surrogate, and what would follow the
-// last; bytes that begin nothing, or begin a character that a letter or the end cuts off.
+// Characters of each size, the first and the last of each size, and those at the bounds of the lead
+// bytes that not every byte can follow; overlong forms, a surrogate, and a code after the last
+// character; bytes that begin no character, or a character that a letter or the end cuts off.
 TEST(Text, CountsCharactersWhateverTheBytes) {
   for (const char* one :
        {"\u07FF", "\uD7FF", "\xED\x80\x80", "\uFFFF", "\xF4\x80\x80\x80", "\U0010FFFF"})

@@ -14,7 +14,7 @@ run() {
   echo "status $?"
 }
 
-# leave_out NAME REASON: says that the section cannot be had here, and expects it no longer.
+# leave_out NAME REASON: says that the section is left out, and expects it no longer.
 leave_out() {
   echo "left out: $1: $2" >&2
   awk -v "header=== $1" '/^== / { skip = $0 == header } !skip' "$expected" >"$work/expected"

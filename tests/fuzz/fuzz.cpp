@@ -25,8 +25,8 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-// An answer gives names to the address that was asked for alone: without its name in the message
-// there are none. Nothing that could steer a terminal comes out.
+// An answer gives names only to the address that was asked for: without its name in the message
+// there are no names. Nothing that could steer a terminal comes out.
 void CheckAnswer(const std::string& message) {
   const auto names = PointerNamesIn(message, "7.0.0.10.in-addr.arpa");
   if (!names) return;
@@ -37,8 +37,8 @@ void CheckAnswer(const std::string& message) {
   }
 }
 
-// A host gives a name to its own address alone, in .local: without its address in the message there
-// is none. A terminal can show the name, and what is asked further fits into one packet.
+// A host gives a name only to its own address, in .local: without its address in the message there
+// is no name. A terminal can show the name, and each further query fits into one packet.
 void CheckHost(const std::string& bytes) {
   constexpr std::uint32_t Host = 0x0A000007;
   const std::string message = std::string("\0\0\x84\0\0\0\0\3\0\0\0\3", 12) + bytes;
@@ -66,8 +66,8 @@ void CheckHost(const std::string& bytes) {
   Require(Printable(NameText(bytes)) == NameText(bytes));
 }
 
-// A line of the file of `--changes` that is taken is one that can be written. Random bytes are no
-// such line: they take the place of a part of one.
+// A line of the file of `--changes` that is taken can be written again. Random bytes would be no
+// such line, so they take the place of a part of a line.
 void CheckSeenLine(const std::string& bytes, std::size_t begin, std::size_t size) {
   std::string line =
       R"({"address":"10.0.0.7","name":"nas.lan","hardware_address":"00-1A-2B-3C-4D-5E","maker":null,)"

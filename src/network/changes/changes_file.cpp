@@ -21,7 +21,7 @@ SweepTime Now() {
 // The hosts of a file, as a comparison needs them.
 class Hosts {
  public:
-  // Throws `std::invalid_argument` for a host that cannot be beside the others.
+  // Throws `std::invalid_argument` if the file cannot have the host beside the hosts before it.
   void Add(SeenHost host) {
     const Finding& known = host.Known;
     if (!places_.emplace(known.Address, known.HardwareAddress).second) {

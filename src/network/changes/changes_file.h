@@ -1,4 +1,4 @@
-// The file of what sweeps have seen, from reading it to replacing it.
+// The file in which sweeps keep what they have seen, from reading it to replacing it.
 #pragma once
 
 #include <string>
@@ -12,27 +12,27 @@
 
 namespace hostsweep {
 
-// Has the file to itself as long as it exists, so that the sweep of another process begins only
-// after this one has kept what it has seen: each is compared with the one before.
+// Locks the file as long as the object exists, so that the sweep of another process begins only
+// after this one has kept what it has seen: each sweep is compared with the sweep before it.
 class ChangesFile {
  public:
-  // Reads the file that the options name. One that does not exist, or is empty, is begun. Throws
-  // `UsageError` if it is not such a file, or one of a later version, and `std::system_error` if it
+  // Reads the file that the options name. A file that does not exist, or is empty, is begun. Throws
+  // `UsageError` if it is not such a file, or is of a later version, and `std::system_error` if it
   // cannot be read, or is known not to be writable.
   explicit ChangesFile(const Options& options);
 
-  // Adds a finding of the sweep, in their order.
+  // Adds the next finding of the sweep.
   void Add(Finding finding);
 
   // Ends the sweep. Returns the report of what has changed, in JSON or as a table: empty if the
   // file is begun.
   std::string End(bool isComplete);
 
-  // Replaces the file, after `End` and when its report has been written: what nobody has read would
-  // not be reported again. Throws `std::system_error` if that is not possible.
+  // Replaces the file. To be called after `End`, when its report has been written: changes that are
+  // kept are not reported again. Throws `std::system_error` if the file cannot be replaced.
   void Keep();
 
-  // A sentence that a file has been begun, with how many hosts; empty if it has not.
+  // If the file has been begun, a sentence that says with how many hosts; else empty.
   [[nodiscard]] std::string BeginningInWords() const;
 
  private:

@@ -1,4 +1,4 @@
-// The report of a sweep that is compared with earlier ones.
+// The report of a sweep that is compared with earlier sweeps.
 #pragma once
 
 #include <memory>

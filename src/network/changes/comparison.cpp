@@ -27,8 +27,8 @@ const std::string& CardOf(const SeenHost& host) { return host.Known.HardwareAddr
 
 bool HasCard(const SeenHost& host) { return !CardOf(host).empty(); }
 
-// One comparison. It reads what was known before the sweep, so that no finding depends on those
-// that were looked at earlier, and writes what is known now.
+// One comparison. It reads only what was known before the sweep, so that no finding depends on the
+// findings before it, and writes what is known now.
 class Judge {
  public:
   Judge(const std::vector<SeenHost>& before, const std::vector<Finding>& findings, SweepTime time,
@@ -93,10 +93,10 @@ class Judge {
     const bool isOwner = place.Same && place.Same == place.Owner;
     const bool isHere = isOwner && IsHere(before_[*place.Same]);
     const bool wasCard = place.Owner && HasCard(before_[*place.Owner]);
-    // A card is known here, and what is heard now does not say whether it is that.
+    // A card is known here, and what was heard now does not tell whether it is the same card.
     if (wasCard && finding.HardwareAddress.empty()) return;
     const std::optional<Index> origin = isHere ? std::nullopt : OriginOf(finding, place);
-    // The host that had no card is this one, for all that is known.
+    // Nothing tells the host without a card that was here from this host.
     if (!origin && !place.Same && !wasCard) place.Same = place.Owner;
     Change change;
     const NameNews news = Keep(finding, place, origin, change.Host);
@@ -119,7 +119,7 @@ class Judge {
     changes_.push_back(std::move(change));
   }
 
-  // Nothing is heard at the address; that may not mean that nothing is there.
+  // Nothing was heard at the address, which may not mean that nothing is there.
   void JudgeSilence(const Finding& finding) {
     const std::optional<Index> owner = PlaceOf(finding).Owner;
     if (!owner) return;
@@ -140,9 +140,9 @@ class Judge {
     }
   }
 
-  // Where the card of the finding, which did not have its address, has come from: another address
-  // where it was last seen, that has been swept, and that it is certainly no longer at. Of several
-  // one from which nothing else has come yet, and then the one where it was seen last.
+  // Where the card of the finding, which did not have this address, has come from: another address
+  // at which it was last seen, which has been swept, and which it certainly no longer has. Of
+  // several, an address from which no card has come yet is preferred, and then the latest.
   std::optional<Index> OriginOf(const Finding& finding, const Place& place) {
     const auto known = ofCard_.find(finding.HardwareAddress);
     if (known == ofCard_.end()) return {};
@@ -180,7 +180,7 @@ class Judge {
     return before_[candidate].LastSeen > before_[than].LastSeen;
   }
 
-  // Records the host that is up, as `kept` gets it too. Returns the news of its name.
+  // Records the host that is up, and copies it to `kept`. Returns what is new about its name.
   NameNews Keep(const Finding& finding, const Place& place, std::optional<Index> origin,
                 SeenHost& kept) {
     if (place.Owner && place.Owner != place.Same) Replace(*place.Owner);
@@ -203,15 +203,15 @@ class Judge {
     return news;
   }
 
-  // Another host has the address of this one, or this one without a card turns out to have one.
+  // Another host has the address of this host, or this host without a card is found to have a card.
   void Replace(Index owner) {
     if (!HasCard(before_[owner])) merged_.insert(owner);
     now_[owner].Whereabouts = State::Replaced;
     now_[owner].Known.Host = Presence::Absent;
   }
 
-  // Cards that are up have left the addresses that they have moved from, and those where they have
-  // been replaced; they are away from those that this sweep leaves out.
+  // A card that is up has left the address that it has moved from, and the addresses where another
+  // host has replaced it; it is away from addresses that this sweep leaves out.
   void LeaveOthers() {
     for (Index i = 0; i < before_.size(); ++i) {
       SeenHost& host = now_[i];
@@ -226,15 +226,15 @@ class Judge {
 
   const std::vector<SeenHost>& before_;
   const std::vector<Finding>& findings_;
-  std::vector<SeenHost> now_;  // those of `before_`, and then those that are new
+  std::vector<SeenHost> now_;  // the hosts of `before_`, and then new hosts
   SweepTime time_;
   bool isComplete_;
   std::unordered_map<std::uint32_t, std::vector<Index>> ofAddress_;
   std::unordered_map<std::string_view, std::vector<Index>> ofCard_;
   std::unordered_map<std::uint32_t, const Finding*> found_;
   std::unordered_set<std::string_view> upCards_;
-  std::unordered_set<Index> origins_;  // from which cards have moved
-  std::unordered_set<Index> merged_;   // into another host of the same address
+  std::unordered_set<Index> origins_;  // hosts whose cards have moved away
+  std::unordered_set<Index> merged_;   // hosts that are now part of another host of the address
   std::vector<Change> changes_;
 };
 
@@ -254,7 +254,7 @@ void Comparison::Add(const Finding& finding) {
   if (!isUp && !isKnown) return;
   if (isUp) ++upCount_;
   findings_.push_back(finding);
-  // What is kept has to be fit to be read again.
+  // `ParseSeenLine` refuses other names.
   Finding& added = findings_.back();
   if (added.Name) added.Name = Printable(*added.Name);
 }

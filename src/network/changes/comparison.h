@@ -1,4 +1,4 @@
-// The comparison of a sweep with what earlier ones have seen. Without clock, file or socket.
+// The comparison of a sweep with what earlier sweeps have seen. Without clock, file or socket.
 #pragma once
 
 #include <cstddef>
@@ -10,35 +10,35 @@
 
 namespace hostsweep {
 
-// Only hosts that are up count. Of each address there is at most one change, the first that holds:
+// Only hosts that are up count. Each address has at most one change, the first that applies:
 //
 //   at this address was           now                                            change
-//   anything else                 a card known from another address that was     Moved
-//                                 swept, too, and that it is no longer at
+//   anything else                 a card known from another address, which was   Moved
+//                                 swept, too, and no longer has it
 //   another card, not gone        a card that the address never had              Other
-//   nothing, or a card that is    a card, or a host without one, that the        New
+//   nothing, or a card that is    a card, or a host without a card, that the     New
 //   gone                          address never had
 //   this card, called gone        this card                                      Back
 //   this card, another name       this card                                      Renamed
 //   this card                     nothing, for the second complete sweep, and    Gone
 //                                 the card is at no address that was swept
 //
-// Cards can take turns at an address: after the first time that is no change. Where one of two
-// hosts has no card, nothing tells them apart, and they count as the same. An address without a
-// finding was not swept, and keeps what it has. A card that has left such an address for one that
-// was swept is new there, and not called gone here later.
+// Cards can take turns at an address: after the first time that is no change. If one of two hosts
+// has no card, nothing tells them apart, and they count as the same host. An address without a
+// finding was not swept, and keeps what it has. A card that has left such an address for an address
+// that was swept is new there, and is not called gone here later.
 class Comparison {
  public:
-  // `seen`: each card, or host without one, at most once for each address, and of those at one
-  // address at most one has it. `time`: that of the sweep.
+  // `seen`: each card, or host without a card, at most once for each address; at most one of them
+  // has the address (`HasAddress`). `time`: when the sweep is made.
   Comparison(std::vector<SeenHost> seen, SweepTime time);
 
-  // Adds a finding of the sweep, in the order in which their changes are to be. At most one for
-  // each address. Those that make no difference take no memory.
+  // Adds a finding of the sweep, at most one for each address. Changes have the order of the
+  // findings. Findings that make no difference take no memory.
   void Add(const Finding& finding);
 
-  // Compares, once, when all findings have been added. The sweep is complete if it says of each
-  // address whether a host is there; nothing is called gone because of any other.
+  // Compares. To be called once, when all findings have been added. Only a complete sweep calls a
+  // host gone.
   void End(bool isComplete);
 
   // After `End`: the changes, and what has been seen now, by address and card.

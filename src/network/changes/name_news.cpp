@@ -3,13 +3,14 @@
 namespace hostsweep {
 namespace {
 
-// The place in the order in which sources are asked; after all of them for no name.
+// The place of the name's source in the order in which sources are asked; after all sources if
+// there is no name.
 int RankOf(const Finding& finding) {
   constexpr int AfterAll = static_cast<int>(NameSource::NetBios) + 1;
   return finding.Name ? static_cast<int>(finding.Source) : AfterAll;
 }
 
-// True if the sources of now would have told the name of before.
+// True if the earlier name is overruled now, or would have been found again if it still held.
 bool WouldBeTold(const Finding& before, const Finding& now) {
   const bool isOverruled = now.Name && RankOf(now) <= RankOf(before);
   return isOverruled || (now.IsLookedUp && !IsOwnName(before));

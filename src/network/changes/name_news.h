@@ -1,27 +1,26 @@
-// Whether what a sweep was told of a host's name is a change.
+// Whether what a sweep has learned of a host's name is a change.
 #pragma once
 
 #include "network/engine/finding.h"
 
 namespace hostsweep {
 
-// True if the host itself has told the name, as it would at any address.
+// True if the name comes from the host itself, which has it at any address.
 bool IsOwnName(const Finding& finding);
 
 enum class NameNews {
-  None,     // what was known holds: it is to be kept, with its source
-  Learned,  // what is told now is to be taken, but it may always have been so
-  Changed   // what is told now is to be taken, and was different before
+  None,     // what was known still holds: it is to be kept, with its source
+  Learned,  // what was found now is to be taken, but may have been so before
+  Changed   // what was found now is to be taken, and was different before
 };
 
-// Sources are asked in the order of `NameSource`. /etc/hosts and the name servers, where they could
-// be asked, say also that there is no name; the silence of a host itself means nothing. So the
-// name, or that there is none, which was known before
-// - holds, if its source was not asked, or is silent where this means nothing, and no source before
-// it
-//   tells a name;
-// - may always have been wrong, if another source tells a name now that comes before its own, and
-//   could not be asked when it was told.
+// Sources are asked in the order of `NameSource`. /etc/hosts and the name servers, if they could be
+// asked, also say that there is no name; the silence of a host itself means nothing. So what was
+// known before, a name or that there is no name,
+// - still holds, if its source was not asked, or its silence means nothing, and no source
+//   that comes before it has a name now;
+// - may always have been wrong, if a source that comes before its own has a name now, and could not
+//   be asked then.
 // Only the names, the sources and `IsLookedUp` of the two findings matter.
 NameNews CompareNames(const Finding& before, const Finding& now);
 

@@ -6,20 +6,20 @@
 
 namespace hostsweep {
 
-// A host is its card, which its hardware address names. A host beyond a router has none that could
-// be seen: it is its address.
+// A host is identified by its card, that is, its hardware address. The card of a host beyond a
+// router cannot be seen: that host is identified by its address.
 struct SeenHost {
   enum class State {
-    Here,      // this address is the host's
-    Missed,    // the same, but the last complete sweep of the address has not found it
+    Here,      // the host has this address
+    Missed,    // the same, but the last complete sweep of the address has not found the host
     Away,      // the same, but the host was seen elsewhere by a sweep that left this address out
-    Gone,      // was called gone
-    Replaced,  // another host has the address; where this one is, is not known
-    Left       // is not here, and was seen elsewhere since
+    Gone,      // the host was called gone
+    Replaced,  // another host has the address; where this host is, is not known
+    Left       // the host is not here, and was seen elsewhere since
   };
 
-  // The last that is known: `Host` says whether it was up in the last sweep of the address, and the
-  // name is the one that holds.
+  // What is known: `Host` says whether the host was up in the last sweep of the address; the name
+  // can be from an earlier sweep.
   Finding Known;
   SweepTime FirstSeen;
   SweepTime LastSeen;
@@ -31,7 +31,7 @@ inline bool IsHere(const SeenHost& host) {
   return host.Whereabouts == SeenHost::State::Here || host.Whereabouts == SeenHost::State::Missed;
 }
 
-// True if the address is the host's: at most one host has an address.
+// True if the host has the address. At most one host has an address.
 inline bool HasAddress(const SeenHost& host) {
   return IsHere(host) || host.Whereabouts == SeenHost::State::Away;
 }

@@ -8,7 +8,7 @@
 namespace hostsweep {
 namespace {
 
-// The number that the digits from there on are; -1 if any character is not a digit.
+// The number that the `size` digits at `begin` are; -1 if any character is not a digit.
 int NumberAt(std::string_view text, std::size_t begin, std::size_t size) {
   int number = 0;
   for (const char digit : text.substr(begin, size)) {
@@ -44,7 +44,7 @@ std::optional<SweepTime> ParseTime(std::string_view text) {
   const std::chrono::minutes minutes(NumberAt(text, 14, 2));
   const std::chrono::seconds seconds(NumberAt(text, 17, 2));
   const SweepTime time = std::chrono::sys_days(date) + hours + minutes + seconds;
-  // Another text of the same time has a number or a mark that cannot be in one.
+  // Any other text of the same time has a number out of range or a wrong separator.
   return FormatTime(time) == text ? std::optional(time) : std::nullopt;
 }
 

@@ -14,10 +14,10 @@ using SweepTime = std::chrono::time_point<std::chrono::system_clock, std::chrono
 // Like 2026-11-23T13:05:09Z (RFC 3339), for a time from the year 1970 to 9999.
 std::string FormatTime(SweepTime time);
 
-// The time that such a text is; nothing for any other text.
+// The time that a text of this form stands for; nothing for any other text.
 std::optional<SweepTime> ParseTime(std::string_view text);
 
-// Like 2026-11-23 14:05, in the local time of the user.
+// Like 2026-11-23 14:05, in local time.
 std::string FormatLocalTime(SweepTime time);
 
 }  // namespace hostsweep

@@ -1,5 +1,5 @@
-// The format "json": an object on a line of its own for each address, in UTF-8. What could steer a
-// terminal is escaped, so that nothing is lost and nothing of it reaches one.
+// The format "json": an object on a line of its own for each address, in UTF-8. Characters that
+// could steer a terminal are escaped, so they are neither lost nor reach a terminal.
 #include "network/report/formatters.h"
 #include "network/report/json_fields.h"
 

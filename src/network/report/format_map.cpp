@@ -1,5 +1,4 @@
-// The format "map": a character for each address, in rows that begin with the address of their
-// first one.
+// The format "map": a character for each address, in rows that begin with their first address.
 #include "network/plan/address.h"
 #include "network/report/formatters.h"
 
@@ -37,7 +36,7 @@ class MapFormatter : public Formatter {
     return row.empty() ? row : row + '\n';
   }
 
-  // Begins a row, in which the column of an address is its remainder by the width.
+  // Begins a row, in which the column of an address is its remainder modulo the width.
   void Label(std::uint32_t address) {
     constexpr std::size_t LabelWidth = 16;
     row_ = FormatAddress(address);
@@ -46,7 +45,7 @@ class MapFormatter : public Formatter {
 
   Layout layout_;
   std::string row_;         // the row so far; empty between rows
-  std::uint32_t next_ = 0;  // the address that would follow in it
+  std::uint32_t next_ = 0;  // the address that would follow in the row
 };
 
 }  // namespace

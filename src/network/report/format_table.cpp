@@ -1,4 +1,4 @@
-// The format "table": columns for the eye, none of whose bytes can steer a terminal.
+// The format "table": columns for the eye. No byte of them can steer a terminal.
 #include <algorithm>
 #include <cstdint>
 

@@ -13,13 +13,13 @@ namespace hostsweep {
 
 class Isolation {
  public:
-  // Asks for the addresses of this machine, and for its default gateway, which is not known on
-  // every system. Sends nothing.
+  // Finds out the addresses of this machine and its default gateway, which not every system tells.
+  // Sends nothing.
   explicit Isolation(NetworkStack& stack);
 
   void Add(const Finding& finding);
 
-  // A sentence for the user if the findings were of no other host; else nothing.
+  // A sentence for the user if no finding was of another host; else nothing.
   [[nodiscard]] std::optional<std::string> Describe() const;
 
  private:

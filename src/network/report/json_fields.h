@@ -1,4 +1,4 @@
-// The fields of a finding in JSON, the same wherever one is written.
+// The fields of a finding in JSON, the same wherever a finding is written.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@ namespace hostsweep {
 // The string; null for an empty text.
 std::string JsonStringOrNull(const std::string& text);
 
-// "address", "name", "hardware_address", "maker", "up" and "name_source" with their values, as they
-// are within the braces of an object. What is not known is null.
+// "address", "name", "hardware_address", "maker", "up" and "name_source" with their values, without
+// the braces of the object. What is not known is null.
 std::string JsonFields(const Finding& finding, Makers& makers);
 
 }  // namespace hostsweep

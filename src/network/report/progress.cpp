@@ -12,7 +12,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds Interval(100);
 
-// The time that an address takes at which nothing answers ARP.
+// The time that an address takes if nothing answers ARP.
 constexpr milliseconds SilentTime(2200);
 
 std::string FormatTime(milliseconds time) {
@@ -21,8 +21,8 @@ std::string FormatTime(milliseconds time) {
   return std::to_string(seconds / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
 }
 
-// The columns that a line may take. The last one stays free: some terminals begin a new line after
-// it.
+// The columns that a line may take. The last column stays free: after it, some terminals begin a
+// new line.
 int Room() {
   constexpr int UsualColumns = 80;
   const int columns = ColumnsOf(StandardError);
@@ -31,9 +31,9 @@ int Room() {
 
 }  // namespace
 
-// At most `jobs_` addresses are swept in one wave. The end that is expected is that of silent
-// addresses whose current wave has just begun, or the earliest end that was expected before; but
-// each wave that has yet to begin takes its time.
+// At most `jobs_` addresses are swept in one wave. The expected end is the end of silent addresses
+// whose current wave has just begun, or the earliest end that was expected before; but each wave
+// that has yet to begin takes its time.
 std::optional<milliseconds> TimeLeft::At(std::uint64_t done, Clock::time_point now) {
   const auto waves = static_cast<std::int64_t>((total_ - done + jobs_ - 1) / jobs_);
   end_ = std::min(end_, now + SilentTime * waves);
@@ -88,8 +88,8 @@ void Progress::SetWidth(std::size_t width) {
   LineEraser::SetWidth(width);
 }
 
-// Draws the line over the last one; on a terminal that has become narrower, over what is left of
-// it.
+// Draws the line over the last line, or, on a terminal that has become narrower, over what is left
+// of the last line.
 void Progress::Draw(const std::string& line) const {
   const std::size_t room = std::min(width_, static_cast<std::size_t>(std::max(Room(), 0)));
   const std::size_t rest = room > line.size() ? room - line.size() : 0;
