@@ -1,5 +1,5 @@
 // bare PREFIX FIRST COUNT: runs the three commands and the pause of each address, and does nothing
-// else. The time that a sweep takes beyond this is the program's own.
+// else. The time that a sweep takes beyond this is hostsweep's own.
 #include <stdio.h>
 #include <stdlib.h>
 #include <time.h>

@@ -1,5 +1,5 @@
 # Toolchain: builds static programs for Linux with Debian's compilers, hardened as Debian hardens its own
-# packages. Needs one cache variable: TRIPLET, Debian's name of what to build for, for example
+# packages. Needs one cache variable: TRIPLET, Debian's name for the system to build for, for example
 # aarch64-linux-gnu.
 if(NOT TRIPLET)
   message(FATAL_ERROR "cmake/static.cmake needs -DTRIPLET=...; its first comment says what for")
@@ -16,12 +16,12 @@ set(link_options -s -Wl,-z,relro,-z,now,--gc-sections) # no symbols, which name 
 if(TRIPLET MATCHES "^x86_64-")
   list(APPEND compile_options -fcf-protection)
 elseif(TRIPLET MATCHES "^aarch64-")
-  # The second for what CMakeLists.txt says of this compiler, in libraries as well.
+  # The second option for what CMakeLists.txt says of this compiler, here in libraries, too.
   list(APPEND compile_options -mbranch-protection=standard -fno-strict-aliasing)
 endif()
 
 # A static program that runs at any address has to begin with this file of glibc's, which does not exist
-# for every processor. Without it, the program can only be one for a fixed address.
+# for every processor. Without it, the program can only run at a fixed address.
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=rcrt1.o
   OUTPUT_VARIABLE start OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(IS_ABSOLUTE "${start}")

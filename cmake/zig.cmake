@@ -7,7 +7,7 @@ foreach(variable IN ITEMS ZIG ZIG_TARGET)
 endforeach()
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZIG ZIG_TARGET)
 set(CMAKE_SYSTEM_NAME Darwin)
-# The target says it all: no SDK to look for, no linker paths to rewrite on installation.
+# The target is enough: there is no SDK to look for, and no linker path to rewrite on installation.
 set(CMAKE_OSX_SYSROOT "")
 set(CMAKE_SKIP_RPATH ON)
 set(CMAKE_C_COMPILER "${ZIG}" cc -target "${ZIG_TARGET}")
@@ -16,7 +16,7 @@ set(CMAKE_CXX_COMPILER "${ZIG}" c++ -target "${ZIG_TARGET}")
 set(CMAKE_C_FLAGS_INIT -Wno-nullability-completeness)
 set(CMAKE_CXX_FLAGS_INIT -Wno-nullability-completeness)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -s) # no symbols and debug information, which name directories
-# Zig is the archiver too, by a word of its own that CMAKE_AR has no room for.
+# Zig is the archiver, too, as a subcommand, which CMAKE_AR cannot hold.
 foreach(word IN ITEMS ar ranlib)
   string(TOUPPER "${word}" variable)
   set(CMAKE_${variable} "${CMAKE_BINARY_DIR}/zig-${word}")

@@ -1,8 +1,8 @@
 # shellcheck shell=sh disable=SC2034 # the lists are for the scripts that read this file
-# For the other scripts to read in: which packages each task needs, and installing what is missing
-# of them, with Debian's or Homebrew's package manager. Everything it says goes to standard error.
+# For the other scripts to read in: the packages that each task needs, and a function that installs the
+# missing ones, with Debian's or Homebrew's package manager. Messages go to standard error.
 
-PATH=$PATH:/usr/sbin:/sbin # where an ordinary user's path does not lead
+PATH=$PATH:/usr/sbin:/sbin # which an ordinary user's path can lack
 
 # Each entry is what shows that a package is installed (a command, a file, or "dpkg/" and its name),
 # "=", and the package.
@@ -47,7 +47,7 @@ is_there() {
   esac
 }
 
-# install_missing LIST...: returns when all of it is there, or ends the script with status 1.
+# install_missing LIST...: returns when everything is installed, or ends the script with status 1.
 install_missing() {
   missing=""
   for need in "$@"; do
@@ -60,7 +60,7 @@ install_missing() {
     brew install $missing >&2 && return
   elif command -v apt-get >/dev/null && { [ "$(id -u)" = 0 ] || command -v sudo >/dev/null; }; then
     say "installing$missing"
-    as_root apt-get update -qq >&2 || say "some lists of packages are out of reach"
+    as_root apt-get update -qq >&2 || say "some lists of packages could not be updated"
     # shellcheck disable=SC2086
     as_root apt-get install -qq --no-install-recommends $missing >&2 && return
   fi
