@@ -202,17 +202,17 @@ NETWORK is one of the following. The default is --local.
                        default: )" +
          std::to_string(DefaultJobs) + R"(
   -n, --no-names       report no names, and ask nobody for one
-      --changes FILE   report only what has changed since the last sweep with this
-                       FILE, and keep in it what was seen; cannot be combined
-                       with --up, --free, or a format other than json
+      --changes FILE   report only what has changed since the last sweep with
+                       this FILE, and keep in it what was seen; cannot be
+                       combined with --up, --free, or a format other than json
   -h, --help           print this help
   -V, --version        print the version and which list of makers is used
 
 FORMAT is one of:
   lines  address=name=hardware address, a line for each address
   table  columns, for addresses with a host, a name or a hardware address
-  csv    comma-separated values for every address: the columns, whether a host is
-         up, and where its name comes from
+  csv    comma-separated values for every address: the columns, whether a host
+         is up, and where its name comes from
   json   the same values, as an object on a line for each address
   map    a character for each address: "#" up, "+" only a name, "." free,
          "-" reserved, "?" not fully known
