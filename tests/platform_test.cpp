@@ -13,6 +13,7 @@
 #include "platform/clock.h"
 #include "platform/console.h"
 #include "platform/environment.h"
+#include "platform/exceptions.h"
 #include "platform/installed_path.h"
 #include "platform/process.h"
 #include "platform/search_path.h"
@@ -145,7 +146,7 @@ TEST(PrepareProcess, OpensStandardDescriptorsAndGivesCommandsTheSignalsThatTheCa
   for (const int number : {SIGPIPE, SIGQUIT, SIGXFSZ}) signal(number, SIG_DFL);
 }
 
-TEST(Print, WritesALineThatThePipeDoesNotTakeWhole) {
+TEST(Print, WritesALineThatThePipeDoesNotTakeWholeAndThrowsIfItCannot) {
   const std::string line(300000, 'x');
   Pipe pipe = OpenPipe();
   fcntl(pipe.Writer.Number(), F_SETFL, O_NONBLOCK);
@@ -156,6 +157,8 @@ TEST(Print, WritesALineThatThePipeDoesNotTakeWhole) {
   const Descriptor standardOutput(dup(STDOUT_FILENO));
   dup2(pipe.Writer.Number(), STDOUT_FILENO);
   Print(line);
+  close(STDOUT_FILENO);
+  EXPECT_THROW(Print(line), OutputException);
   dup2(standardOutput.Number(), STDOUT_FILENO);
   pipe.Writer.Close();
   reader.join();

@@ -32,7 +32,7 @@ bool WriteAll(int descriptor, std::string_view text) {
 }  // namespace
 
 void Print(const Text& line) {
-  if (!WriteAll(STDOUT_FILENO, line.Bytes() + '\n')) Quit(0);
+  if (!WriteAll(STDOUT_FILENO, line.Bytes() + '\n')) throw OutputException();
 }
 
 void PrintError(const std::string& text) { WriteAll(STDERR_FILENO, text); }

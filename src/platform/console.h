@@ -9,10 +9,10 @@
 namespace hostsweep {
 
 // Writes the text and a line feed to standard output, without buffering and in one call where the
-// system takes the line whole. Calls `Quit(0)` on a write error.
+// system takes the line whole. Throws `OutputException` on a write error.
 void Print(const Text& line);
 
-// Writes the text to standard error, all of it even where a non-blocking one takes it only later.
+// Writes the text to standard error, and waits if a non-blocking one takes no more of it now.
 // Ignores write errors: there is nowhere to report them.
 void PrintError(const std::string& text);
 

@@ -34,4 +34,7 @@ class ShellNotAvailableException : public RuntimeException {};
 // The output of a running command cannot be read.
 class ShellNotRunningException : public RuntimeException {};
 
+// Standard output cannot be written: its reader is gone, or there is no room.
+class OutputException : public RuntimeException {};
+
 }  // namespace hostsweep
