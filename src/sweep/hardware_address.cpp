@@ -7,13 +7,6 @@
 
 namespace hostsweep {
 
-Text HardwareAddressCommand(const Text& address) { return "Arp " + address; }
-
-Text LookupHardwareAddress(Shell& shell, const Text& address) {
-  shell.Execute(HardwareAddressCommand(address));
-  return ParseHardwareAddress(shell.Result());
-}
-
 Text ParseHardwareAddress(const Text& output) {
   constexpr std::int64_t GroupCount = 6;
   if (Contains(output, "no entry") || Contains(output, "(incomplete)")) return {};

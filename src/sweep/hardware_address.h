@@ -1,16 +1,9 @@
-// The hardware address that the ARP cache holds for an address.
+// The hardware address in what arp(8) prints.
 #pragma once
 
-#include "platform/shell.h"
 #include "platform/text/text.h"
 
 namespace hostsweep {
-
-// The command line: "Arp " followed by the address.
-Text HardwareAddressCommand(const Text& address);
-
-// Runs `HardwareAddressCommand`, and returns `ParseHardwareAddress` of its output.
-Text LookupHardwareAddress(Shell& shell, const Text& address);
 
 // The hardware address in the output of arp(8): normalised if it has six groups joined by ":", else
 // as printed. Empty if "no entry" or "(incomplete)" occurs anywhere in the output.

@@ -13,13 +13,6 @@ Text WithoutFinalDot(const Text& name) {
 
 }  // namespace
 
-Text HostNameCommand(const Text& address) { return "/usr/bin/host " + address; }
-
-Text LookupHostName(Shell& shell, const Text& address) {
-  shell.Execute(HostNameCommand(address));
-  return ParseHostName(shell.Result(), address);
-}
-
 Text ParseHostName(const Text& output, const Text& address) {
   const Text marker = "domain name pointer";
   const std::int64_t position = InStr(0, output, marker);

@@ -1,9 +1,20 @@
-#include "sweep/probe.h"
+#include "sweep/lookups.h"
+
+#include "sweep/hardware_address.h"
+#include "sweep/host_name.h"
 
 namespace hostsweep {
 
-Text ProbeCommand(const Text& address) { return "ping -c 1 -t 1 " + address; }
+void ProbeAddress(Shell& shell, const Text& address) { shell.Execute("ping -c 1 -t 1 " + address); }
 
-void ProbeAddress(Shell& shell, const Text& address) { shell.Execute(ProbeCommand(address)); }
+Text LookupHostName(Shell& shell, const Text& address) {
+  shell.Execute("/usr/bin/host " + address);
+  return ParseHostName(shell.Result(), address);
+}
+
+Text LookupHardwareAddress(Shell& shell, const Text& address) {
+  shell.Execute("Arp " + address);
+  return ParseHardwareAddress(shell.Result());
+}
 
 }  // namespace hostsweep

@@ -1,4 +1,4 @@
-// The reachability probe, which makes the system fill its ARP cache.
+// The three commands of the sweep, each of which runs for one address.
 #pragma once
 
 #include "platform/shell.h"
@@ -6,11 +6,15 @@
 
 namespace hostsweep {
 
-// The command line: "ping -c 1 -t 1 " followed by the address.
-Text ProbeCommand(const Text& address);
-
-// Runs `ProbeCommand`, which sends one echo request. The reply makes no difference: to send the
-// request the system has to resolve the hardware address, which is looked up afterwards.
+// Runs "ping -c 1 -t 1 " followed by the address, which sends one echo request. The reply makes no
+// difference: to send the request the system has to resolve the hardware address, which is looked
+// up afterwards.
 void ProbeAddress(Shell& shell, const Text& address);
+
+// Runs "/usr/bin/host " followed by the address. Returns `ParseHostName` of the output.
+Text LookupHostName(Shell& shell, const Text& address);
+
+// Runs "Arp " followed by the address. Returns `ParseHardwareAddress` of the output.
+Text LookupHardwareAddress(Shell& shell, const Text& address);
 
 }  // namespace hostsweep

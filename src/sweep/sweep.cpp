@@ -3,10 +3,8 @@
 #include "app/app.h"
 #include "platform/console.h"
 #include "platform/text/text_operations.h"
-#include "sweep/hardware_address.h"
-#include "sweep/host_name.h"
 #include "sweep/host_record.h"
-#include "sweep/probe.h"
+#include "sweep/lookups.h"
 
 namespace hostsweep {
 namespace {
