@@ -1,5 +1,5 @@
-// src/platform/: pipes, caught signals, child processes, the shell, standard output, and the search
-// path with the tools on it.
+// src/platform/: pipes, caught signals, child processes, the shell and standard output; and the
+// search path with the tools on it.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -8,17 +8,15 @@
 #include <cerrno>
 #include <cstdlib>
 
+#include "app/installed_path.h"
+#include "app/tools.h"
 #include "platform/caught_signal.h"
 #include "platform/child_process.h"
 #include "platform/clock.h"
 #include "platform/console.h"
-#include "platform/environment.h"
 #include "platform/exceptions.h"
-#include "platform/installed_path.h"
 #include "platform/process.h"
-#include "platform/search_path.h"
 #include "platform/shell.h"
-#include "platform/tools_directory.h"
 #include "tools/next_program.h"
 
 namespace hostsweep {
@@ -65,8 +63,7 @@ struct Running {
 
 Running Start(const std::string& code) {
   Pipe output = OpenPipe();
-  ChildProcess child =
-      ChildProcess::StartIsolated({"/bin/sh", "-c", code}, Environment(), output.Writer.Number());
+  ChildProcess child = ChildProcess::StartIsolated({"/bin/sh", "-c", code}, output.Writer.Number());
   output.Writer.Close();
   return {std::move(output), std::move(child)};
 }
@@ -195,13 +192,14 @@ TEST_F(SearchPaths, ToolsComeOnceBeforeTheSystemsDirectoriesAndMissingOnesLast) 
       {"/usr/bin:/a:linked/", "own:/usr/bin:/a:"},
       {"own/.:none:own//:/usr/bin:linked", "none:own:/usr/bin:"}};
   for (const auto& [callers, begin] : rows) {
-    const std::string path = SearchPath(callers, "own");
+    const std::string path = SearchPathWithTools(callers, "own");
     EXPECT_EQ(path.substr(0, std::string(begin).size()), begin);
     EXPECT_NE(path.find("/usr/sbin"), std::string::npos);
     EXPECT_EQ(path.find("own"), path.rfind("own"));
   }
-  EXPECT_EQ(SearchPath("/usr/bin:/bin:/usr/sbin:/sbin", ""), "/usr/bin:/bin:/usr/sbin:/sbin");
-  EXPECT_EQ(SearchPath("none:", "gone").substr(0, 15), "none::gone:/usr");
+  EXPECT_EQ(SearchPathWithTools("/usr/bin:/bin:/usr/sbin:/sbin", ""),
+            "/usr/bin:/bin:/usr/sbin:/sbin");
+  EXPECT_EQ(SearchPathWithTools("none:", "gone").substr(0, 15), "none::gone:/usr");
 }
 
 TEST_F(SearchPaths, ToolsAreBesideTheProgramsDirectory) {
@@ -214,18 +212,20 @@ TEST_F(SearchPaths, ToolsAreBesideTheProgramsDirectory) {
 }
 
 TEST_F(SearchPaths, TheNextProgramIsTheFirstOtherOneAfterTheLastNameOfItsOwn) {
+  const auto next = [](const char* path, const char* self) {
+    return NextProgram(ParseSearchPath(path), "Arp", self);
+  };
   const std::pair<const char*, const char*> rows[] = {
       {"own:other", "other/Arp"},
       {"other:own", ""},
       {"own:other:linked//", ""},
       {"own/:none:data:some:other/:/", "other//Arp"},
       {"none:other", "other/Arp"}};  // run by its path
-  for (const auto& [path, next] : rows)
-    EXPECT_EQ(NextProgram(path, "Arp", "own/Arp"), next) << path;
-  EXPECT_EQ(NextProgram("other", "Arp", ""), "");
+  for (const auto& [path, found] : rows) EXPECT_EQ(next(path, "own/Arp"), found) << path;
+  EXPECT_EQ(next("other", ""), "");
   ASSERT_EQ(chdir("other"), 0);
-  EXPECT_EQ(NextProgram("../own", "Arp", "../own/Arp"), "");        // not in the working directory,
-  EXPECT_EQ(NextProgram("../own:", "Arp", "../own/Arp"), "./Arp");  // unless the path names it
+  EXPECT_EQ(next("../own", "../own/Arp"), "");        // not in the working directory,
+  EXPECT_EQ(next("../own:", "../own/Arp"), "./Arp");  // unless the path names it
 }
 
 }  // namespace

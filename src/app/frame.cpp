@@ -1,9 +1,12 @@
 #include "app/frame.h"
 
 #include "app/app.h"
+#include "app/tools.h"
 #include "app/version.h"
 #include "platform/exceptions.h"
 #include "platform/process.h"
+#include "platform/program_path.h"
+#include "platform/search_path.h"
 
 namespace hostsweep {
 namespace {
@@ -24,6 +27,7 @@ std::int64_t RunWithHandler(ConsoleApplication& application, const std::vector<T
 
 std::int64_t RunProgram(const std::vector<Text>& arguments) {
   PrepareProcess();
+  ReplaceSearchPath(SearchPathWithTools(CallersSearchPath(), ToolsDirectory(ProgramPath())));
   App application;
   return RunApplication(application, arguments);
 }

@@ -11,11 +11,13 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/environment.h"
 #include "platform/exit_status.h"
 #include "platform/pointers.h"
 #include "platform/process.h"
 #include "platform/system_call.h"
+
+// POSIX leaves the declaration to the program; some systems' headers have one too.
+extern "C" char** environ;  // NOLINT(readability-redundant-declaration)
 
 namespace hostsweep {
 namespace {
@@ -68,27 +70,26 @@ class SpawnAttributes {
   posix_spawnattr_t attributes_{};
 };
 
-pid_t Spawn(const std::vector<std::string>& command, const std::vector<std::string>& environment,
-            const posix_spawn_file_actions_t* streams, const posix_spawnattr_t* attributes) {
+pid_t Spawn(const std::vector<std::string>& command, const posix_spawn_file_actions_t* streams,
+            const posix_spawnattr_t* attributes) {
   pid_t pid = -1;
   Require(posix_spawn(&pid, command.front().c_str(), streams, attributes, Pointers(command).data(),
-                      Pointers(environment).data()));
+                      environ));
   return pid;
 }
 
 }  // namespace
 
-ChildProcess ChildProcess::StartIsolated(const std::vector<std::string>& command,
-                                         const std::vector<std::string>& environment, int output) {
+ChildProcess ChildProcess::StartIsolated(const std::vector<std::string>& command, int output) {
   StandardStreams streams;
   streams.Set(output);
   SpawnAttributes attributes;
   attributes.Set();
-  return ChildProcess(Spawn(command, environment, streams.Get(), attributes.Get()));
+  return ChildProcess(Spawn(command, streams.Get(), attributes.Get()));
 }
 
 ChildProcess ChildProcess::StartInheriting(const std::vector<std::string>& command) {
-  return ChildProcess(Spawn(command, Environment(), nullptr, nullptr));
+  return ChildProcess(Spawn(command, nullptr, nullptr));
 }
 
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept

@@ -12,18 +12,17 @@ namespace hostsweep {
 // A program that has been started. The destructor kills a child that is still running and waits for
 // its end, so no child outlives its owner.
 //
-// `command` is the program's path followed by its arguments. Starting throws `std::system_error` if
+// `command` is the program's path followed by its arguments. The program gets this process's
+// environment. Starting throws `std::system_error` if
 // the system cannot do it.
 class ChildProcess {
  public:
-  // Starts a program with this environment (elements "NAME=value") and standard output. Its
-  // standard input is empty, its standard error is discarded, and it ignores the signals that the
-  // caller of this program had it ignore, as under nohup(1), but not those that `PrepareProcess`
-  // ignores.
-  static ChildProcess StartIsolated(const std::vector<std::string>& command,
-                                    const std::vector<std::string>& environment, int output);
+  // Starts a program with this standard output. Its standard input is empty, and its standard error
+  // is discarded. Signals that were ignored when this program was started stay ignored, as under
+  // nohup(1), except those that `PrepareProcess` ignores.
+  static ChildProcess StartIsolated(const std::vector<std::string>& command, int output);
 
-  // Starts a program with the environment, the descriptors and the signal actions of this one.
+  // Starts a program with the descriptors and the signal actions of this one.
   static ChildProcess StartInheriting(const std::vector<std::string>& command);
 
   ChildProcess(ChildProcess&& other) noexcept;

@@ -1,93 +1,75 @@
 #include "platform/search_path.h"
 
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): POSIX's setenv, not in <cstdlib>
+
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <optional>
 #include <utility>
 
-#include "platform/file.h"
+#include "platform/system_call.h"
 
 namespace hostsweep {
 namespace {
 
 constexpr std::array<const char*, 4> SystemDirectories = {"/usr/bin", "/bin", "/usr/sbin", "/sbin"};
 
-std::string PathIn(const std::string& directory, const std::string& name) {
-  return directory.empty() ? "./" + name : directory + '/' + name;
-}
-
-struct Directory {
-  explicit Directory(std::string path)
-      : Path(std::move(path)), Target(IdentifyFile(PathIn(Path, "."))) {}
-
-  std::string Path;
-  std::optional<FileId> Target;
-};
-
-using Directories = std::vector<Directory>;
-
-Directories Parse(std::string_view searchPath) {
-  Directories directories;
-  for (std::size_t colon = 0; colon != std::string_view::npos;) {
-    colon = searchPath.find(':');
-    directories.emplace_back(std::string(searchPath.substr(0, colon)));
-    searchPath.remove_prefix(colon == std::string_view::npos ? 0 : colon + 1);
-  }
-  return directories;
-}
-
-std::string Join(const Directories& directories) {
-  std::string path = directories.front().Path;
-  for (std::size_t i = 1; i < directories.size(); ++i) path += ':' + directories[i].Path;
-  return path;
-}
-
-Directories::iterator Find(Directories& directories, const std::optional<FileId>& target) {
-  return std::find_if(directories.begin(), directories.end(), [&](const Directory& directory) {
+SearchPath::iterator Find(SearchPath& path, const std::optional<FileId>& target) {
+  return std::find_if(path.begin(), path.end(), [&](const SearchedDirectory& directory) {
     return target && directory.Target == target;
   });
 }
 
-void AddSystemDirectories(Directories& directories) {
-  for (const char* const path : SystemDirectories) {
-    if (Find(directories, IdentifyFile(path)) == directories.end()) directories.emplace_back(path);
-  }
-}
-
-// Puts the directory before the first of the system's, and takes it out of every other place.
-void Place(const Directory& tools, Directories& directories) {
-  std::erase_if(directories, [&](const Directory& directory) {
-    return tools.Target && directory.Target == tools.Target;
-  });
-  auto first = directories.end();
-  for (const char* const path : SystemDirectories) {
-    first = std::min(first, Find(directories, IdentifyFile(path)));
-  }
-  directories.insert(first, tools);
-}
-
 }  // namespace
+
+SearchedDirectory::SearchedDirectory(std::string path)
+    : Path(std::move(path)), Target(IdentifyFile(PathIn(Path, "."))) {}
+
+SearchPath ParseSearchPath(std::string_view text) {
+  SearchPath path;
+  for (std::size_t colon = 0; colon != std::string_view::npos;) {
+    colon = text.find(':');
+    path.emplace_back(std::string(text.substr(0, colon)));
+    text.remove_prefix(colon == std::string_view::npos ? 0 : colon + 1);
+  }
+  return path;
+}
+
+std::string FormatSearchPath(const SearchPath& path) {
+  std::string text;
+  for (const SearchedDirectory& directory : path) text += directory.Path + ':';
+  text.pop_back();
+  return text;
+}
+
+SearchPath CompleteSearchPath(std::string_view callersPath) {
+  SearchPath path;
+  if (!callersPath.empty()) path = ParseSearchPath(callersPath);
+  for (const char* const directory : SystemDirectories) {
+    if (Find(path, IdentifyFile(directory)) == path.end()) path.emplace_back(directory);
+  }
+  return path;
+}
+
+SearchPath::iterator FirstSystemDirectory(SearchPath& path) {
+  auto first = path.end();
+  for (const char* const directory : SystemDirectories) {
+    first = std::min(first, Find(path, IdentifyFile(directory)));
+  }
+  return first;
+}
+
+std::string PathIn(const std::string& directory, const std::string& name) {
+  return directory.empty() ? "./" + name : directory + '/' + name;
+}
 
 std::string CallersSearchPath() {
   const char* const path = std::getenv("PATH");
   return path == nullptr ? "" : path;
 }
 
-std::string SearchPath(std::string_view callersPath, std::string_view toolsDirectory) {
-  Directories directories;
-  if (!callersPath.empty()) directories = Parse(callersPath);
-  AddSystemDirectories(directories);
-  if (!toolsDirectory.empty()) Place(Directory(std::string(toolsDirectory)), directories);
-  return Join(directories);
-}
-
-std::vector<std::string> PathsOf(std::string_view searchPath, const std::string& name) {
-  std::vector<std::string> paths;
-  for (const Directory& directory : Parse(searchPath)) {
-    paths.push_back(PathIn(directory.Path, name));
-  }
-  return paths;
+void ReplaceSearchPath(const std::string& path) {
+  unsetenv("PATH");  // an environment can have it twice
+  if (setenv("PATH", path.c_str(), 1) != 0) ThrowSystemError("setenv");
 }
 
 }  // namespace hostsweep

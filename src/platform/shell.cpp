@@ -7,7 +7,6 @@
 #include "platform/clock.h"
 #include "platform/exceptions.h"
 #include "platform/pipe.h"
-#include "platform/tool_environment.h"
 
 namespace hostsweep {
 namespace {
@@ -48,13 +47,10 @@ auto Translated(Work work) {
 
 }  // namespace
 
-Shell::Shell() : environment_(ToolEnvironment()) {}
-
 void Shell::Execute(const Text& command) {
   Pipe output = Translated<ShellNotAvailableException>(OpenPipe);
   ChildProcess child = Translated<ShellNotAvailableException>([&] {
-    return ChildProcess::StartIsolated({"/bin/sh", "-c", command.Bytes()}, environment_,
-                                       output.Writer.Number());
+    return ChildProcess::StartIsolated({"/bin/sh", "-c", command.Bytes()}, output.Writer.Number());
   });
   output.Writer.Close();  // the child's copy is the last one, so its end is the output's end
   SetResult(Translated<ShellNotRunningException>([&] { return Collect(output.Reader, child); }));

@@ -1,9 +1,7 @@
 // The command runner, through which the sweep reaches the operating system's tools.
 #pragma once
 
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/text/text.h"
 
@@ -12,14 +10,14 @@ namespace hostsweep {
 // Runs command lines through the system shell, one after the other.
 class Shell {
  public:
-  Shell();
+  Shell() = default;
   Shell(const Shell&) = delete;
   Shell& operator=(const Shell&) = delete;
 
-  // Has `/bin/sh` carry out `command` unchanged, with the search path of search_path.h, and returns
-  // when it has ended. Its standard output becomes `Result`, its standard error is discarded, and
-  // its standard input is empty. The exit status makes no difference. Processes that the command
-  // leaves running are not waited for.
+  // Has `/bin/sh` carry out `command` unchanged, with this process's environment, and returns when
+  // it has ended. Its standard output becomes `Result`, its standard error is discarded, and its
+  // standard input is empty. The exit status makes no difference. Processes that the command leaves
+  // running are not waited for.
   //
   // Throws `ShellNotAvailableException` if the shell cannot be started, and
   // `ShellNotRunningException` if its output cannot be read; `Result` is then unchanged.
@@ -34,7 +32,6 @@ class Shell {
   void SetResult(Text output) { result_ = std::move(output); }
 
  private:
-  std::vector<std::string> environment_;
   Text result_;
 };
 

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
+
+#include "platform/search_path.h"
 
 namespace hostsweep {
 
@@ -12,7 +13,7 @@ namespace hostsweep {
 //
 // So programs that each run the next one of their own name come to an end, if each knows its own
 // file: no two of them, nor one under two names, run each other in turn.
-std::string NextProgram(std::string_view searchPath, const std::string& name,
+std::string NextProgram(const SearchPath& searchPath, const std::string& name,
                         const std::string& self);
 
 }  // namespace hostsweep

@@ -11,13 +11,12 @@
 #include "platform/pointers.h"
 #include "platform/process.h"
 #include "platform/program_path.h"
-#include "platform/search_path.h"
 #include "tools/next_program.h"
 
 namespace hostsweep {
 
 std::string ProgramBehind(const std::string& name) {
-  return NextProgram(SearchPath(CallersSearchPath(), ""), name, ProgramPath());
+  return NextProgram(CompleteSearchPath(CallersSearchPath()), name, ProgramPath());
 }
 
 int Become(const std::string& program, std::vector<std::string> arguments) {

@@ -8,9 +8,9 @@
 #include <optional>
 #include <system_error>
 
+#include "app/install_layout.h"
+#include "app/installed_path.h"
 #include "platform/file.h"
-#include "platform/install_layout.h"
-#include "platform/installed_path.h"
 #include "platform/program_path.h"
 #include "platform/text/printable.h"
 #include "platform/text/text_operations.h"

@@ -1,4 +1,4 @@
-#include "platform/installed_path.h"
+#include "app/installed_path.h"
 
 namespace hostsweep {
 namespace {
