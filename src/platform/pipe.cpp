@@ -41,4 +41,9 @@ ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
   return ready == 0 ? ReadResult::Timeout : ReadOnce(reader, output);
 }
 
+ReadResult ReadUntil(Clock::time_point time, const Descriptor& reader, std::string& output) {
+  const auto rest = std::chrono::ceil<std::chrono::milliseconds>(time - Clock::now());
+  return rest.count() <= 0 ? ReadResult::Timeout : ReadWithin(rest, reader, output);
+}
+
 }  // namespace hostsweep

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <string>
 
+#include "platform/clock.h"
 #include "platform/descriptor.h"
 
 namespace hostsweep {
@@ -24,5 +25,8 @@ enum class ReadResult { Data, End, Timeout };
 // holds to `output`. Throws `std::system_error` if waiting or reading fails.
 ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
                       std::string& output);
+
+// The same, waiting until that time. `Timeout`, with nothing read, if it has passed.
+ReadResult ReadUntil(Clock::time_point time, const Descriptor& reader, std::string& output);
 
 }  // namespace hostsweep

@@ -4,23 +4,11 @@
 #include <system_error>
 
 #include "platform/child_process.h"
-#include "platform/clock.h"
 #include "platform/exceptions.h"
 #include "platform/pipe.h"
 
 namespace hostsweep {
 namespace {
-
-// Reads until that time or the end of the pipe, and says which of the two it was.
-ReadResult ReadUntil(Clock::time_point time, const Descriptor& reader, std::string& output) {
-  ReadResult result = ReadResult::Data;
-  while (result == ReadResult::Data) {
-    const auto rest = std::chrono::ceil<std::chrono::milliseconds>(time - Clock::now());
-    if (rest.count() <= 0) return ReadResult::Timeout;
-    result = ReadWithin(rest, reader, output);
-  }
-  return result;
-}
 
 // The output that the pipe receives until the child is found to have ended. A process that the
 // child leaves running can hold the pipe open and go on writing, so the child is checked at
@@ -29,7 +17,10 @@ std::string Collect(const Descriptor& reader, ChildProcess& child) {
   constexpr std::chrono::milliseconds Interval(50);
   std::string output;
   do {
-    if (ReadUntil(Clock::now() + Interval, reader, output) == ReadResult::End) child.Wait();
+    const Clock::time_point check = Clock::now() + Interval;
+    ReadResult result = ReadResult::Data;
+    while (result == ReadResult::Data) result = ReadUntil(check, reader, output);
+    if (result == ReadResult::End) child.Wait();
   } while (!child.HasEnded());
   ReadWithin(std::chrono::milliseconds(0), reader, output);
   return output;

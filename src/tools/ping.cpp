@@ -9,7 +9,6 @@
 
 #include "platform/caught_signal.h"
 #include "platform/child_process.h"
-#include "platform/clock.h"
 #include "platform/pipe.h"
 #include "tools/tool.h"
 
@@ -20,9 +19,7 @@ namespace {
 void AwaitEnd(ChildProcess& child, const CaughtSignal& childEnd, Clock::time_point time) {
   std::string data;
   while (!child.HasEnded()) {
-    const auto rest = std::chrono::ceil<std::chrono::milliseconds>(time - Clock::now());
-    if (rest.count() <= 0) return;
-    ReadWithin(rest, childEnd.Reader(), data);
+    if (ReadUntil(time, childEnd.Reader(), data) == ReadResult::Timeout) return;
   }
 }
 
