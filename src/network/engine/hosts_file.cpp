@@ -23,7 +23,6 @@ std::string_view TakeWord(std::string_view& line) {
 
 HostsFile::HostsFile(const std::string& path) {
   LineReader reader(path);
-  if (!reader.IsOpen()) return;
   for (std::string_view line; reader.Next(line);) {
     line = line.substr(0, line.find('#'));
     const std::optional<std::uint32_t> address = ParseAddress(TakeWord(line));

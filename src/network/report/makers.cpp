@@ -2,62 +2,19 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstdio>
-#include <memory>
 #include <optional>
-#include <system_error>
 
 #include "app/install_layout.h"
 #include "app/installed_path.h"
 #include "platform/file.h"
+#include "platform/line_reader.h"
 #include "platform/program_path.h"
-#include "platform/text/printable.h"
-#include "platform/text/text_operations.h"
+#include "platform/text/characters.h"
 
 namespace hostsweep {
 namespace {
 
 constexpr std::size_t AddressDigits = 12;
-
-struct Closer {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-// Reads a file line by line, in large chunks: the standard library's are small in some systems. A
-// file that is not there has no lines. Throws `std::system_error`, which names the file, if it
-// cannot be read.
-class LineReader {
- public:
-  explicit LineReader(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "r")) {
-    if (file_) {
-      std::setvbuf(file_.get(), chunk_.data(), _IOFBF, chunk_.size());
-    } else if (errno != ENOENT && errno != ENOTDIR) {
-      Throw();
-    }
-  }
-
-  // The next line; false at the end. A line that is too long to be one of a list comes in parts.
-  bool Next(std::string_view& line) {
-    if (!file_) return false;
-    if (std::fgets(line_.data(), static_cast<int>(line_.size()), file_.get()) == nullptr) {
-      if (std::ferror(file_.get()) != 0) Throw();
-      return false;
-    }
-    line = line_.data();
-    return true;
-  }
-
- private:
-  [[noreturn]] void Throw() const {
-    throw std::system_error(errno, std::generic_category(), Printable(path_));
-  }
-
-  std::string path_;
-  std::array<char, 512> line_ = {};
-  std::vector<char> chunk_ = std::vector<char>(65536);
-  std::unique_ptr<std::FILE, Closer> file_;  // after its buffer, so that it is closed before
-};
 
 // The number that the hexadecimal digits are; nothing if any character is not a digit. Letters are
 // upper case.
@@ -73,7 +30,7 @@ std::optional<std::uint64_t> ParseDigits(std::string_view digits) {
 }
 
 // The number that a hardware address like 00-1A-2B-3C-4D-5E is; nothing for any other form.
-std::optional<std::uint64_t> NumberOf(const std::string& text) {
+std::optional<std::uint64_t> ParseCardAddress(const std::string& text) {
   std::string digits;
   if (text.size() != 17) return {};
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -150,7 +107,7 @@ Makers::Makers() : ownList_(InstalledPath(ProgramPath(), std::string(InstalledDa
 
 std::string Makers::MakerOf(const std::string& hardwareAddress) {
   constexpr std::uint64_t LocalBit = 0x02'00'00'00'00'00;
-  const std::optional<std::uint64_t> address = NumberOf(hardwareAddress);
+  const std::optional<std::uint64_t> address = ParseCardAddress(hardwareAddress);
   if (!address) return {};
   if ((*address & LocalBit) != 0) return UserOf(*address);
   EnsureLoaded();

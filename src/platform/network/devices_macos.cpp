@@ -17,7 +17,7 @@
 namespace hostsweep {
 namespace {
 
-std::uint32_t NumberOf(const sockaddr* address) {
+std::uint32_t AddressOf(const sockaddr* address) {
   // A netmask can be shorter than the structure, but does not end before its address.
   sockaddr_in internet{};
   std::memcpy(&internet, address, offsetof(sockaddr_in, sin_addr) + sizeof internet.sin_addr);
@@ -62,9 +62,9 @@ std::vector<DeviceAddress> DeviceAddresses() {
     DeviceAddress address;
     address.Device = entry->ifa_name;
     address.Index = static_cast<int>(if_nametoindex(entry->ifa_name));
-    address.Address = NumberOf(entry->ifa_addr);
+    address.Address = AddressOf(entry->ifa_addr);
     address.Network = address.Address;
-    address.PrefixLength = PrefixLength(NumberOf(entry->ifa_netmask));
+    address.PrefixLength = PrefixLength(AddressOf(entry->ifa_netmask));
     if ((flags & (IFF_LOOPBACK | IFF_POINTOPOINT)) == 0) {
       address.HardwareAddress = hardwareAddresses[address.Device];
     }

@@ -38,6 +38,13 @@ std::size_t CharacterSize(std::string_view bytes) {
   return std::all_of(others.begin(), others.end(), IsContinuation) ? lead.size : 1;
 }
 
+std::string_view TrimmedBytes(std::string_view bytes) {
+  constexpr std::string_view WhiteSpace = " \t\r\n";
+  const std::size_t first = bytes.find_first_not_of(WhiteSpace);
+  if (first == std::string_view::npos) return {};
+  return bytes.substr(first, bytes.find_last_not_of(WhiteSpace) - first + 1);
+}
+
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return AsciiUpper(a) == AsciiUpper(b); });

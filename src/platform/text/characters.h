@@ -1,5 +1,5 @@
-// Single characters of a text: how many bytes each takes, and when two are the same letter. Nothing
-// here depends on the locale.
+// The characters of UTF-8 text: how many bytes each takes, which are white space, and when two are
+// the same letter. Nothing here depends on the locale.
 #pragma once
 
 #include <cstddef>
@@ -15,6 +15,9 @@ std::size_t CharacterSize(std::string_view bytes);
 constexpr char AsciiUpper(char byte) {
   return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
 }
+
+// The bytes without the spaces, tabs, carriage returns and line feeds at their two ends.
+std::string_view TrimmedBytes(std::string_view bytes);
 
 // True if both have the same bytes, with the case of ASCII letters ignored.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);

@@ -74,13 +74,6 @@ bool Contains(const Text& text, const Text& part) { return InStr(0, text, part) 
 
 Text Trim(const Text& text) { return std::string(TrimmedBytes(text.Bytes())); }
 
-std::string_view TrimmedBytes(std::string_view bytes) {
-  constexpr std::string_view WhiteSpace = " \t\r\n";
-  const std::size_t first = bytes.find_first_not_of(WhiteSpace);
-  if (first == std::string_view::npos) return {};
-  return bytes.substr(first, bytes.find_last_not_of(WhiteSpace) - first + 1);
-}
-
 Text Uppercase(const Text& text) {
   std::string bytes = text.Bytes();
   std::transform(bytes.begin(), bytes.end(), bytes.begin(), AsciiUpper);

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 #include "platform/text/text.h"
@@ -32,9 +31,6 @@ bool Contains(const Text& text, const Text& part);
 
 // The text without the spaces, tabs, carriage returns and line feeds at its two ends.
 Text Trim(const Text& text);
-
-// The same part of bytes that somebody else keeps.
-std::string_view TrimmedBytes(std::string_view bytes);
 
 // The text with "a" to "z" replaced by "A" to "Z"; everything else is unchanged.
 Text Uppercase(const Text& text);
