@@ -19,7 +19,8 @@ struct Layout {
 };
 
 // The text of a report is what `Begin` returns, then `Add` for each finding in order, and then
-// `End`, which is told whether the sweep is complete. Each piece is whole lines, or empty.
+// `End`, which is told whether the sweep is complete. `PassOver` takes the place of `Add` for an
+// address that is not in the report. Each piece is whole lines, or empty.
 class Formatter {
  public:
   Formatter() = default;
@@ -29,6 +30,7 @@ class Formatter {
 
   virtual std::string Begin() { return {}; }
   virtual std::string Add(const Finding& finding) = 0;
+  virtual std::string PassOver(std::uint32_t /*address*/) { return {}; }
   virtual std::string End(bool /*isComplete*/) { return {}; }
 };
 

@@ -18,18 +18,25 @@ class MapFormatter : public Formatter {
   explicit MapFormatter(const Layout& layout) : layout_(layout) {}
 
   std::string Add(const Finding& finding) override {
-    std::string rows;
-    if (finding.Address != next_) rows += EndRow();
-    if (row_.empty()) Label(finding.Address);
-    row_ += Mark(finding, layout_.Reported);
-    next_ = finding.Address + 1;
-    if (next_ % layout_.MapWidth == 0) rows += EndRow();
-    return rows;
+    return Put(finding.Address, Mark(finding, layout_.Reported));
   }
+
+  std::string PassOver(std::uint32_t address) override { return Put(address, ' '); }
 
   std::string End(bool /*isComplete*/) override { return EndRow(); }
 
  private:
+  // Puts the mark of the address into its row. Returns the rows that this completes.
+  std::string Put(std::uint32_t address, char mark) {
+    std::string rows;
+    if (address != next_) rows += EndRow();
+    if (row_.empty()) Label(address);
+    row_ += mark;
+    next_ = address + 1;
+    if (next_ % layout_.MapWidth == 0) rows += EndRow();
+    return rows;
+  }
+
   std::string EndRow() {
     std::string row;
     row.swap(row_);

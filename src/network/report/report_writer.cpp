@@ -5,6 +5,17 @@
 #include <utility>
 
 namespace hostsweep {
+namespace {
+
+// The finding of a free address, which is always the same: there is neither a host nor a name.
+Finding FreeAddress(std::uint32_t address) {
+  Finding finding;
+  finding.Address = address;
+  finding.Host = Presence::Absent;
+  return finding;
+}
+
+}  // namespace
 
 ReportWriter::ReportWriter(const std::vector<Network>& networks, Selection reported,
                            std::unique_ptr<Formatter> formatter)
@@ -49,7 +60,6 @@ bool ReportWriter::AddFree() {
   return pending_.Size() > 0;
 }
 
-// The other addresses are given to the formatter as ones that are not free: a map needs them.
 void ReportWriter::AddNext() {
   const std::optional<std::uint32_t> address = toAdd_->Next();
   if (!address) {
@@ -57,13 +67,9 @@ void ReportWriter::AddNext() {
     toAdd_.reset();
     return;
   }
-  Finding finding;
-  finding.Address = *address;
-  if (freeCount_ < free_.size() && free_[freeCount_] == *address) {
-    ++freeCount_;
-    finding.Host = Presence::Absent;
-  }
-  pending_.Add(formatter_->Add(finding));
+  const bool isFree = freeCount_ < free_.size() && free_[freeCount_] == *address;
+  if (isFree) ++freeCount_;
+  pending_.Add(isFree ? formatter_->Add(FreeAddress(*address)) : formatter_->PassOver(*address));
 }
 
 }  // namespace hostsweep
