@@ -1,13 +1,10 @@
 #include "platform/network/datagram_socket.h"
 
-#include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 #include <cerrno>
-#include <cstring>
 
+#include "platform/network/socket_address.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {
@@ -24,16 +21,6 @@ int OpenSocket() {
 template <typename Value>
 bool SetOption(int socket, int level, int option, const Value& value) {
   return setsockopt(socket, level, option, &value, sizeof value) == 0;
-}
-
-sockaddr GenericAddress(std::uint32_t address, std::uint16_t port) {
-  sockaddr_in specific{};
-  specific.sin_family = AF_INET;
-  specific.sin_port = htons(port);
-  specific.sin_addr.s_addr = htonl(address);
-  sockaddr generic{};
-  std::memcpy(&generic, &specific, sizeof specific);
-  return generic;
 }
 
 ip_mreqn Membership(std::uint32_t group, int device) {
@@ -56,7 +43,7 @@ void DatagramSocket::Join(std::uint32_t group, int device) const {
 }
 
 bool DatagramSocket::Send(std::string_view data, std::uint32_t address, std::uint16_t port) const {
-  const sockaddr target = GenericAddress(address, port);
+  const sockaddr target = SocketAddress(address, port);
   const ssize_t size = RetryInterrupted(
       [&] { return sendto(Number(), data.data(), data.size(), 0, &target, sizeof target); });
   return size >= 0 || !IsPassing(errno);
@@ -74,15 +61,13 @@ std::vector<Datagram> DatagramSocket::Receive() const {
   std::vector<Datagram> datagrams;
   std::string data(LargestDatagram, '\0');
   while (datagrams.size() < LargestBatch) {
-    sockaddr generic{};
-    socklen_t length = sizeof generic;
+    sockaddr sender{};
+    socklen_t length = sizeof sender;
     const ssize_t size = RetryInterrupted(
-        [&] { return recvfrom(Number(), data.data(), data.size(), 0, &generic, &length); });
+        [&] { return recvfrom(Number(), data.data(), data.size(), 0, &sender, &length); });
     if (size < 0) break;
-    sockaddr_in sender{};
-    std::memcpy(&sender, &generic, sizeof sender);
-    datagrams.push_back({ntohl(sender.sin_addr.s_addr), ntohs(sender.sin_port),
-                         data.substr(0, static_cast<std::size_t>(size))});
+    datagrams.push_back(
+        {AddressIn(&sender), PortIn(sender), data.substr(0, static_cast<std::size_t>(size))});
   }
   return datagrams;
 }

@@ -1,10 +1,7 @@
 // macOS: getifaddrs(3).
-#include <arpa/inet.h>
 #include <ifaddrs.h>
 #include <net/if.h>
 #include <net/if_dl.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 #include <cstddef>
 #include <cstring>
@@ -12,17 +9,11 @@
 #include <memory>
 
 #include "platform/network/devices.h"
+#include "platform/network/socket_address.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {
 namespace {
-
-std::uint32_t AddressOf(const sockaddr* address) {
-  // A netmask can be shorter than the structure, but does not end before its address.
-  sockaddr_in internet{};
-  std::memcpy(&internet, address, offsetof(sockaddr_in, sin_addr) + sizeof internet.sin_addr);
-  return ntohl(internet.sin_addr.s_addr);
-}
 
 std::uint32_t PrefixLength(std::uint32_t netmask) {
   std::uint32_t length = 0;
@@ -62,9 +53,10 @@ std::vector<DeviceAddress> DeviceAddresses() {
     DeviceAddress address;
     address.Device = entry->ifa_name;
     address.Index = static_cast<int>(if_nametoindex(entry->ifa_name));
-    address.Address = AddressOf(entry->ifa_addr);
+    address.Address = AddressIn(entry->ifa_addr);
     address.Network = address.Address;
-    address.PrefixLength = PrefixLength(AddressOf(entry->ifa_netmask));
+    // The netmask can be shorter than the structure, but does not end before its address.
+    address.PrefixLength = PrefixLength(AddressIn(entry->ifa_netmask));
     if ((flags & (IFF_LOOPBACK | IFF_POINTOPOINT)) == 0) {
       address.HardwareAddress = hardwareAddresses[address.Device];
     }

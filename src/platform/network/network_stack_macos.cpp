@@ -18,6 +18,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/network/network_stack.h"
+#include "platform/network/socket_address.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {
@@ -26,13 +27,8 @@ namespace {
 bool HasRoute(std::uint32_t address) {
   const Descriptor socket(::socket(AF_INET, SOCK_DGRAM, 0));
   if (socket.Number() < 0) ThrowSystemError("socket");
-  sockaddr_in target{};
-  target.sin_family = AF_INET;
-  target.sin_port = htons(9);  // any: nothing is sent
-  target.sin_addr.s_addr = htonl(address);
-  sockaddr generic{};
-  std::memcpy(&generic, &target, sizeof target);
-  return connect(socket.Number(), &generic, sizeof target) == 0;
+  const sockaddr target = SocketAddress(address, 9);  // any port: nothing is sent
+  return connect(socket.Number(), &target, sizeof target) == 0;
 }
 
 bool IsForGroups(std::uint32_t address) { return address >= 0xE0000000U; }  // RFC 1112

@@ -1,24 +1,17 @@
 // Linux: ip(7), "Error queue", and icmp(7).
 #include <arpa/inet.h>
 #include <linux/errqueue.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 #include <array>
 #include <cerrno>
 #include <cstring>
 
 #include "platform/network/probe_errors.h"
+#include "platform/network/socket_address.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {
 namespace {
-
-std::uint32_t AddressOf(const void* socketAddress) {
-  sockaddr_in address{};
-  std::memcpy(&address, socketAddress, sizeof address);
-  return ntohl(address.sin_addr.s_addr);
-}
 
 // The sender of the ICMP error that the control message tells; this machine for an error that is
 // not from the network.
@@ -26,7 +19,7 @@ std::uint32_t SenderIn(cmsghdr* control) {
   sock_extended_err error{};
   std::memcpy(&error, CMSG_DATA(control), sizeof error);
   if (error.ee_origin != SO_EE_ORIGIN_ICMP) return INADDR_LOOPBACK;
-  return AddressOf(CMSG_DATA(control) + sizeof error);
+  return AddressIn(CMSG_DATA(control) + sizeof error);
 }
 
 }  // namespace
@@ -50,7 +43,7 @@ std::optional<ProbeAnswer> ReadError(int socket) {
   message.msg_controllen = control.size();
   const auto receive = [&] { return recvmsg(socket, &message, MSG_ERRQUEUE | MSG_DONTWAIT); };
   if (RetryInterrupted(receive) < 0) return {};
-  ProbeAnswer answer = {AddressOf(&target), INADDR_LOOPBACK};
+  ProbeAnswer answer = {AddressIn(&target), INADDR_LOOPBACK};
   for (cmsghdr* next = CMSG_FIRSTHDR(&message); next != nullptr;
        next = CMSG_NXTHDR(&message, next)) {
     const bool isError = next->cmsg_level == IPPROTO_IP && next->cmsg_type == IP_RECVERR;

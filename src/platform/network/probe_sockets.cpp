@@ -1,9 +1,6 @@
 #include "platform/network/probe_sockets.h"
 
-#include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 #include <array>
 #include <cerrno>
@@ -13,6 +10,7 @@
 #include <utility>
 
 #include "platform/network/probe_errors.h"
+#include "platform/network/socket_address.h"
 #include "platform/system_call.h"
 
 namespace hostsweep {
@@ -66,14 +64,9 @@ Descriptor OpenSocket(int protocol) {
 }
 
 ssize_t SendTo(int socket, const std::string& data, std::uint32_t address) {
-  sockaddr_in target{};
-  target.sin_family = AF_INET;
-  target.sin_port = htons(DiscardPort);
-  target.sin_addr.s_addr = htonl(address);
-  sockaddr generic{};
-  std::memcpy(&generic, &target, sizeof target);
+  const sockaddr target = SocketAddress(address, DiscardPort);
   return RetryInterrupted(
-      [&] { return sendto(socket, data.data(), data.size(), 0, &generic, sizeof target); });
+      [&] { return sendto(socket, data.data(), data.size(), 0, &target, sizeof target); });
 }
 
 SendResult SendBy(int socket, const std::string& data, std::uint32_t address) {
@@ -131,24 +124,21 @@ void ProbeSockets::ReceiveFrom(int socket, std::vector<ProbeAnswer>& answers) co
   constexpr int LargestBatch = 4096;  // what comes after it is received the next time
   for (int i = 0; i < LargestBatch; ++i) {
     std::array<char, 128> data{};
-    sockaddr_in sender{};
-    sockaddr generic{};
-    socklen_t length = sizeof generic;
+    sockaddr sender{};
+    socklen_t length = sizeof sender;
     const ssize_t size = RetryInterrupted(
-        [&] { return recvfrom(socket, data.data(), data.size(), 0, &generic, &length); });
+        [&] { return recvfrom(socket, data.data(), data.size(), 0, &sender, &length); });
     if (size < 0 && errno == EAGAIN) return;
     if (size < 0) continue;  // an ICMP error that is also in the queue of errors
-    std::memcpy(&sender, &generic, sizeof sender);
-    const auto answer =
-        AnswerIn(data.data(), static_cast<std::size_t>(size), ntohl(sender.sin_addr.s_addr));
+    const auto answer = AnswerIn({data.data(), static_cast<std::size_t>(size)}, AddressIn(&sender));
     if (answer) answers.push_back(*answer);
   }
 }
 
-std::optional<ProbeAnswer> ProbeSockets::AnswerIn(const char* data, std::size_t size,
+std::optional<ProbeAnswer> ProbeSockets::AnswerIn(std::string_view received,
                                                   std::uint32_t sender) const {
   if (!isEcho_) return ProbeAnswer{sender, sender};
-  const std::string_view reply = IcmpMessageIn({data, size});
+  const std::string_view reply = IcmpMessageIn(received);
   if (reply.size() != request_.size() || reply[0] != EchoReply) return {};
   if (reply.substr(EchoHeaderSize) != std::string_view(request_).substr(EchoHeaderSize)) return {};
   return ProbeAnswer{sender, sender};

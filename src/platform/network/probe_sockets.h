@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/descriptor.h"
@@ -47,7 +48,7 @@ class ProbeSockets {
   void Open();
   bool TryOpen();
   void ReceiveFrom(int socket, std::vector<ProbeAnswer>& answers) const;
-  [[nodiscard]] std::optional<ProbeAnswer> AnswerIn(const char* data, std::size_t size,
+  [[nodiscard]] std::optional<ProbeAnswer> AnswerIn(std::string_view received,
                                                     std::uint32_t sender) const;
 
   bool isEcho_ = true;
