@@ -41,7 +41,6 @@ class ReplacedFile {
   bool Open();
   void Lock() const;
   void FindDirectory();
-  void Write(const std::string& content) const;
   [[noreturn]] void Fail(const char* what) const;
 
   std::string path_;
