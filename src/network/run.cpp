@@ -19,6 +19,7 @@
 #include "platform/console.h"
 #include "platform/network/network_stack.h"
 #include "platform/process.h"
+#include "platform/signals.h"
 #include "platform/text/printable.h"
 
 namespace hostsweep {

@@ -13,7 +13,7 @@
 
 #include "platform/exit_status.h"
 #include "platform/pointers.h"
-#include "platform/process.h"
+#include "platform/signals.h"
 #include "platform/system_call.h"
 
 // POSIX leaves the declaration to the program; some systems' headers have one too.

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/process.h"
+#include "platform/signals.h"
 #include "platform/terminal.h"
 
 namespace hostsweep {

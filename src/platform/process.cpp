@@ -2,13 +2,12 @@
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <signal.h>  // NOLINT(modernize-deprecated-headers): POSIX's signal sets, not in <csignal>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <memory>
 
-#include "platform/exit_status.h"
+#include "platform/signals.h"
 
 namespace hostsweep {
 namespace {
@@ -37,22 +36,6 @@ void OpenStandardDescriptors() {
     const bool isClosed = fcntl(number, F_GETFD) == -1;
     if (isClosed) open("/dev/null", O_RDONLY);  // takes the lowest free number, which is this one
   }
-}
-
-bool IsIgnored(int signalNumber) {
-  struct sigaction action = {};
-  sigaction(signalNumber, nullptr, &action);
-  return action.sa_handler == SIG_IGN;
-}
-
-void IgnoreWriteSignals() {
-  for (const int number : WriteSignals) signal(number, SIG_IGN);
-}
-
-void TerminateBy(int signalNumber) {
-  signal(signalNumber, SIG_DFL);
-  raise(signalNumber);
-  _exit(ExitSignal + signalNumber);  // the status that a shell gives for the signal
 }
 
 void PrepareProcess() {
