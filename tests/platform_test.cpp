@@ -128,6 +128,16 @@ TEST(Shell, WaitsForTheCommandAlone) {
   EXPECT_NE(output.find("now\n"), std::string::npos);
 }
 
+TEST(Shell, FindsProgramsOnTheReplacedSearchPathAlone) {
+  std::string first = "PATH=/a";
+  std::string second = "PATH=/b";
+  char* const twice[] = {first.data(), second.data(), nullptr};
+  char** const own = std::exchange(environ, const_cast<char**>(twice));
+  ReplaceSearchPath("/c");
+  EXPECT_EQ(OutputOf("echo $PATH"), "/c\n");
+  environ = own;
+}
+
 TEST(PrepareProcess, OpensStandardDescriptorsAndGivesCommandsTheSignalsThatTheCallerMeantForThem) {
   for (const int number : {SIGCHLD, SIGQUIT}) signal(number, SIG_IGN);
   const Descriptor standardOutput(dup(STDOUT_FILENO));
