@@ -11,8 +11,8 @@ namespace hostsweep {
 // The one application. It adds no state.
 class App : public ConsoleApplication {
  public:
-  // The application object of this process. Throws `NilObjectException` if there is none, or if it
-  // is not an `App`.
+  // The application object of this process. Throws `NilObjectException` if no application is
+  // registered, or if the registered one is not an `App`.
   static App& Current();
 
   // The program's whole work, which ends by `Quit(0)`. Defined in src/sweep/run.cpp, in the layer

@@ -30,8 +30,8 @@ class ConsoleApplication {
   // The application's work. Returns the exit status. Argument 0 is the program's path.
   virtual std::int64_t Run(const std::vector<Text>& arguments) = 0;
 
-  // Called with an exception that escaped `Run`. Returns true if that counts as handled; unless
-  // overridden, it never does.
+  // Called with an exception that escaped `Run`. Returns true if the exception counts as handled;
+  // always false unless overridden.
   virtual bool UnhandledException(const RuntimeException& error);
 
   // Called once after the object is created. Does nothing unless overridden; part of the
@@ -50,7 +50,7 @@ class ConsoleApplication {
   Text PackageInfo;
 };
 
-// Registers an application as the one of the process, until the registration is destroyed.
+// Registers the application object of the process, until the registration is destroyed.
 class ApplicationRegistration {
  public:
   explicit ApplicationRegistration(ConsoleApplication& application);
@@ -58,7 +58,7 @@ class ApplicationRegistration {
   ApplicationRegistration& operator=(const ApplicationRegistration&) = delete;
   ~ApplicationRegistration();
 
-  // The registered application; null if there is none.
+  // The registered application object; null if there is none.
   static ConsoleApplication* Registered();
 };
 

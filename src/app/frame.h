@@ -10,7 +10,7 @@
 namespace hostsweep {
 
 // Runs the program with its arguments, the first of which is its own path. Returns the exit status.
-// Exceptions from before `Run` pass, and so do those that `_CallFunctionWithExceptionHandling` lets
+// Lets exceptions from before `Run` pass, and those that `_CallFunctionWithExceptionHandling` lets
 // pass.
 std::int64_t RunProgram(const std::vector<Text>& arguments);
 
@@ -20,8 +20,8 @@ std::int64_t RunApplication(ConsoleApplication& application, const std::vector<T
 
 // Calls the application's `Run`. Returns the exit status: the result of `Run`, or the code given to
 // `Quit` in `Run` or in the handler, or 0 if a `RuntimeException` escapes `Run` and
-// `UnhandledException` returns true for it. Lets a `RuntimeException` for which it returns false,
-// any other exception from `Run`, and any error of the handler itself pass.
+// `UnhandledException` returns true for it. Passed on are a `RuntimeException` for which it returns
+// false, any other exception from `Run`, and any error of the handler itself.
 //
 // The standard reserves names of this form; no implementation uses this one.
 std::int64_t _CallFunctionWithExceptionHandling(  // NOLINT(bugprone-reserved-identifier)

@@ -1,4 +1,4 @@
-// The process entry: calls the frame, and ends with status 0 if an exception passes it.
+// The process entry: calls the frame, and ends with status 0 if the frame throws.
 #include <vector>
 
 #include "app/frame.h"

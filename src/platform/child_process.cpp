@@ -114,8 +114,8 @@ void ChildProcess::Signal(int number) const {
   if (!ended_) kill(pid_, number);
 }
 
-// Reaps the child once it has ended, which `options` says whether to wait for. A child that cannot
-// be waited for is no longer there, and counts as ended.
+// Reaps the child if it has ended; `options`, those of waitpid(2), say whether to wait for that. A
+// child that cannot be waited for no longer exists, and counts as ended.
 void ChildProcess::Reap(int options) {
   if (ended_) return;
   int status = 0;

@@ -34,9 +34,8 @@ class ChildProcess {
   // True once the child is known to have ended; does not wait.
   bool HasEnded();
 
-  // Returns when the child has ended. Gives its exit status as sh(1) reports it: 128 and the
-  // signal's number for a child that a signal terminated, and 0 for one that the system no longer
-  // knows.
+  // Waits for the child's end. Returns its exit status as sh(1) reports it: 128 plus the signal's
+  // number for a child that a signal terminated. 0 for a child that the system no longer knows.
   int Wait();
 
   // Sends the signal to the child. Has no effect on a child that has ended.

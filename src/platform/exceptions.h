@@ -7,8 +7,8 @@
 
 namespace hostsweep {
 
-// Base of these exceptions. One that escapes `Run`, unless it is an `EndException`, is passed to
-// the application's `UnhandledException`.
+// Base of these exceptions. If an exception other than an `EndException` escapes `Run`, it is given
+// to the application's `UnhandledException`.
 class RuntimeException : public std::exception {};
 
 // An object that an operation needs is missing.
@@ -24,7 +24,7 @@ class EndException : public RuntimeException {
   std::int64_t exitCode_;
 };
 
-// The thread is to end: in a program of one thread, the program, with exit code 0. Part of the
+// The thread is to end, and with it a program of one thread, with exit code 0. Part of the
 // application's interface; this program does not itself throw it.
 class ThreadEndException : public EndException {};
 

@@ -1,4 +1,4 @@
-// The exit statuses by which sh(1) says that a command has not come to an end of its own.
+// Statuses that sh(1) uses for commands that did not run or did not exit normally.
 #pragma once
 
 namespace hostsweep {

@@ -1,12 +1,12 @@
-// A line in place on standard error that goes before a signal ends the program.
+// Erases a progress line from standard error before a signal ends the program.
 #pragma once
 
 #include <cstddef>
 
 namespace hostsweep {
 
-// While it exists, the signals by which users and terminals terminate a program, unless they are
-// ignored, first overwrite the line with spaces. At most one object may exist at a time.
+// As long as the object exists, each signal by which users and terminals terminate a program, if it
+// is not ignored, first overwrites the line with spaces. At most one object may exist at a time.
 class LineEraser {
  public:
   LineEraser();
@@ -14,7 +14,7 @@ class LineEraser {
   LineEraser& operator=(const LineEraser&) = delete;
   ~LineEraser();
 
-  // Tells how many columns the line takes; 0 if there is none.
+  // Sets how many columns the line takes: 0 if there is no line now.
   static void SetWidth(std::size_t width);
 };
 

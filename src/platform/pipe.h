@@ -15,10 +15,10 @@ struct Pipe {
   Descriptor Writer;
 };
 
-// A new pipe. Throws `std::system_error` if the system has none to give.
+// A new pipe. Throws `std::system_error` if it cannot be opened.
 Pipe OpenPipe();
 
-// How an attempt to read ended: with data, at the end of the pipe, or because none came in time.
+// How an attempt to read ended: with data, at the end of the pipe, or without either in time.
 enum class ReadResult { Data, End, Timeout };
 
 // Waits until the pipe can be read, at most that long, 0 or more, and then appends all that it

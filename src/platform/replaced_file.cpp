@@ -22,11 +22,11 @@ struct Freer {
   void operator()(char* text) const { std::free(text); }
 };
 
-// A file in a directory that is removed again, unless it is kept.
+// A new file in a directory, which is removed again unless it is kept.
 class TemporaryFile {
  public:
   TemporaryFile(int directory, const char* name) : directory_(directory), name_(name) {
-    // One that a killed process has left behind; no other process can be writing it.
+    // A killed process may have left its own behind; no other process can be writing it now.
     unlinkat(directory, name, 0);
     file_ = RetryInterrupted([&] {
       return openat(directory, name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
@@ -69,7 +69,7 @@ bool CopyPermissions(int from, int to) {
   const bool isSame = old.st_uid == now.st_uid && old.st_gid == now.st_gid;
   if (!isSame && fchown(to, old.st_uid, old.st_gid) != 0 &&
       fchown(to, SameOwner, old.st_gid) != 0) {
-    // It stays this user's.
+    // The new file stays this user's.
   }
   constexpr mode_t Permissions = 07777;
   return fchmod(to, old.st_mode & Permissions) == 0;
@@ -91,10 +91,10 @@ void ReplacedFile::Fail(const char* what) const {
   throw std::system_error(errno, std::generic_category(), Printable(path_) + ": " + what);
 }
 
-// Opens the file and locks it. Returns false if it has been replaced or removed meanwhile: the lock
-// is then that of a file which nobody looks at any more.
+// Opens the file and locks it. Returns false if it has been replaced or removed meanwhile: what was
+// locked is then no longer the file at this path.
 bool ReplacedFile::Open() {
-  // Only a regular file is opened: that of a device can have effects, that of a FIFO can wait.
+  // Only a regular file is opened: opening a device can have effects, opening a FIFO can wait.
   struct stat status = {};
   const bool isThere = stat(path_.c_str(), &status) == 0;
   if (isThere && !S_ISREG(status.st_mode)) {
@@ -123,7 +123,7 @@ bool ReplacedFile::Open() {
 }
 
 // POSIX's lock, which all systems and network file systems have. It ends as soon as the process
-// closes any descriptor of the file: there is this one only.
+// closes any descriptor of the file, and this is the only one.
 void ReplacedFile::Lock() const {
   struct flock lock = {};
   lock.l_type = F_WRLCK;

@@ -24,12 +24,12 @@ class ReplacedFile {
   // Removes a file that the object has created and not replaced.
   ~ReplacedFile();
 
-  // False for a directory, a device and everything else that is not a regular file. It has not been
-  // opened then, and nothing else may be called.
+  // False for a directory, a device and everything else that is not a regular file. Such a file is
+  // not opened, and the functions below may not be called.
   [[nodiscard]] bool IsRegular() const { return isRegular_; }
 
-  // Reads the next line, without its end; false if there is none left. A line of more than 16 MiB
-  // comes in parts.
+  // Reads the next line, without its line feed. Returns false if no line is left. A line of more
+  // than 16 MiB comes in parts.
   bool ReadLine(std::string& line);
 
   // Gives the file this content, with the permissions, and where the system allows it the owner and
@@ -45,13 +45,13 @@ class ReplacedFile {
 
   std::string path_;
   bool isRegular_ = true;
-  bool isBegun_ = false;                 // created here, and not yet replaced
-  std::optional<Descriptor> file_;       // which has the lock
-  std::optional<Descriptor> directory_;  // that of the file itself
-  std::string name_;                     // of the file in it
-  std::string temporaryName_;            // of its next content in it
+  bool isBegun_ = false;                 // created by this object, and not yet replaced
+  std::optional<Descriptor> file_;       // locked
+  std::optional<Descriptor> directory_;  // the directory that holds the file, not a link to it
+  std::string name_;                     // of the file in that directory
+  std::string temporaryName_;            // of the file's next content, in the same directory
   std::string buffer_;
-  std::size_t read_ = 0;  // of the buffer
+  std::size_t read_ = 0;  // how much of the buffer has been read
 };
 
 }  // namespace hostsweep

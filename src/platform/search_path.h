@@ -11,7 +11,7 @@
 
 namespace hostsweep {
 
-// A directory of a search path, known by what it is, however its path is spelled.
+// A directory of a search path, recognised by what it is, however its path is spelled.
 struct SearchedDirectory {
   explicit SearchedDirectory(std::string path);
 

@@ -1,4 +1,4 @@
-// Calls of the operating system that a signal may interrupt.
+// Calls of the operating system that fail by errno.
 #pragma once
 
 #include <cerrno>

@@ -3,7 +3,8 @@
 
 namespace hostsweep {
 
-// A pipe or a socket has a reader of its own; everything else that is no terminal is a file.
+// A socket counts as a pipe: it has a reader, too. Everything else that is not a terminal counts as
+// a file.
 enum class FileKind { Terminal, Pipe, File };
 
 constexpr int StandardOutput = 1;
@@ -11,7 +12,7 @@ constexpr int StandardError = 2;
 
 FileKind KindOf(int descriptor);
 
-// True if writing some bytes would not wait: not for a full pipe or a stopped terminal.
+// True if some bytes can be written without waiting: false for a full pipe or a stopped terminal.
 bool CanWrite(int descriptor);
 
 // True unless the descriptor leads to a terminal on which another job is in the foreground.

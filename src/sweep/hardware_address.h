@@ -12,7 +12,7 @@ namespace hostsweep {
 // an output without " at " it is the text from the fourth character to the next space.
 Text ParseHardwareAddress(const Text& output);
 
-// The six groups of a token, which are joined by ":", in upper case and joined by "-", with "0" put
+// The token, six groups joined by ":", with its groups in upper case and joined by "-", and "0" put
 // in front of a group of one character: one spelling for each hardware address.
 Text NormaliseHardwareAddress(const Text& token);
 

@@ -11,9 +11,9 @@ struct HostRecord {
   Text HardwareAddress;  // from the ARP cache; empty if there is none
 };
 
-// The name to report. A name equal to the address counts as none: the result is "[Unknown Device]"
-// with a hardware address, and empty without one. With `liveNamesOnly` every name without a
-// hardware address is empty.
+// The name to report. A name equal to the address counts as no name: the result is "[Unknown
+// Device]" with a hardware address, and empty without a hardware address. With `liveNamesOnly` it
+// is always empty without a hardware address.
 Text DecideName(const HostRecord& record, bool liveNamesOnly);
 
 // The report line without its line end: the address, the result of `DecideName` and the hardware

@@ -8,9 +8,9 @@
 
 namespace hostsweep {
 
-// The addresses to sweep: `Prefix`, ".", and a host number, of which there are `HostCount` from
-// `FirstHost` on. `HostCount` is at least 1 and `EndOf` at most 256. Nothing else is checked:
-// `FirstHost` can be negative, and `Prefix` is the text that the user typed.
+// The addresses to sweep. Each is `Prefix`, "." and a host number; there are `HostCount` host
+// numbers, from `FirstHost` on. `HostCount` is at least 1 and `EndOf` at most 256. Nothing else is
+// checked: `FirstHost` can be negative, and `Prefix` is the text that the user typed.
 struct SweepRange {
   Text Prefix;
   std::int64_t FirstHost = 0;
@@ -22,9 +22,9 @@ struct SweepRange {
 std::int64_t EndOf(const SweepRange& range);
 
 // Reads the arguments: the program's path, the first address, the number of addresses, optionally
-// "True" for `LiveNamesOnly`, optionally a start delay in milliseconds; further ones are ignored. A
-// delay below 20000 is waited for, with `DoEvents`, before address and count are checked. Calls
-// `Quit(0)` if the arguments are unusable.
+// "True" for `LiveNamesOnly`, optionally a start delay in milliseconds. Further arguments are
+// ignored. Waits for a delay below 20000, with `DoEvents`, before address and count are checked.
+// Calls `Quit(0)` if the arguments are unusable.
 SweepRange ReadSweepRange(const std::vector<Text>& arguments);
 
 }  // namespace hostsweep

@@ -1,5 +1,5 @@
-// Arp ADDRESS: prints the address's entry in the ARP cache in the words of arp(8) on macOS. Another
-// Arp on the search path after this one is run in its place.
+// Arp ADDRESS: prints the address's entry in the ARP cache in the words of arp(8) on macOS. If the
+// search path has another Arp after this one, that is run instead.
 #include <string>
 #include <vector>
 

@@ -6,8 +6,8 @@
 
 namespace hostsweep {
 
-// The Arp after the running one on its search path, if that is a program of the caller's own and
-// not the system's arp under another spelling of its name; empty if there is none.
+// The path of the Arp after the running one on the search path; empty if there is no such program,
+// or if it is the system's arp under another spelling of its name.
 std::string OtherArp();
 
 // Prints the entry for an IPv4 address in the words of arp(8) on macOS, or has arp(8) print it.

@@ -19,8 +19,8 @@
 namespace hostsweep {
 namespace {
 
-// The entry for an address of this machine itself: permanent, with its device's hardware address;
-// none if that device is a loopback, a tunnel, or has no hardware address.
+// The entry for an address of this machine itself: permanent, with its device's hardware address.
+// Nothing if the address is another machine's, or its device has no hardware address.
 std::optional<ArpEntry> FindOwn(const std::string& address) {
   in_addr own{};
   if (inet_pton(AF_INET, address.c_str(), &own) != 1) return {};
@@ -37,8 +37,8 @@ std::optional<ArpEntry> Find(const std::string& address) {
   return own ? own : cached;
 }
 
-// The three forms of arp(8)'s answer. A device may be called "(incomplete)", which would tell a
-// reader that the entry is.
+// The three forms of arp(8)'s answer. A device can be named "(incomplete)", which a reader would
+// take for the state of the entry.
 std::string Describe(const std::string& address, const std::optional<ArpEntry>& entry) {
   if (!entry) return address + " (" + address + ") -- no entry";
   const std::string& hardwareAddress = entry->HardwareAddress;

@@ -30,7 +30,8 @@ bool IsComplete(NeighbourState state) {
   }
 }
 
-// The entry of the address on the device; nothing if there is none, or none that was asked for.
+// The entry of the address on the device; nothing if there is no entry, or if nothing was asked by
+// ARP for it.
 std::optional<ArpEntry> Find(Netlink& kernel, in_addr address, const struct if_nameindex& device) {
   ndmsg wanted{};
   wanted.ndm_family = AF_INET;

@@ -7,12 +7,13 @@
 
 namespace hostsweep {
 
-// The first program of this name in the directories of `searchPath` that come after the last one in
-// which the name leads to the file `self`, the running tool; in all directories if it leads there
-// in none. Empty if there is no such program, or if `self` is empty: it could be found itself.
+// The path of the first program of this name after the running tool on the search path: in the
+// directories that come after the last directory in which the name leads to `self`, the tool's own
+// file; in all directories if the name leads there in none of them. Empty if there is no such
+// program, or if `self` is empty, since the tool could then find itself.
 //
-// So programs that each run the next one of their own name come to an end, if each knows its own
-// file: no two of them, nor one under two names, run each other in turn.
+// So programs that each run the next program of their own name never run each other in turn, even
+// if one of them is there under two paths, provided that each knows its own file.
 std::string NextProgram(const SearchPath& searchPath, const std::string& name,
                         const std::string& self);
 

@@ -15,7 +15,7 @@
 namespace hostsweep {
 namespace {
 
-// Returns when the child has ended, or at that time.
+// Returns when the child has ended, and at that time at the latest.
 void AwaitEnd(ChildProcess& child, const CaughtSignal& childEnd, Clock::time_point time) {
   std::string data;
   while (!child.HasEnded()) {

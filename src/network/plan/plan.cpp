@@ -33,7 +33,7 @@ std::string DownNote(const std::string& device, const std::vector<Network>& netw
   return NotSweptNote(networks, device + " is down; set the device up or connect its cable");
 }
 
-// The networks of a sweep by what prevents or limits it.
+// The networks that were asked for, by whether they can be swept.
 struct Reach {
   std::vector<Network> Reachable;
   std::vector<Network> Beyond;  // reachable, with addresses that ARP does not reach
@@ -42,12 +42,12 @@ struct Reach {
   std::string DeviceThatIsDown;  // the device of the first network that is down
 };
 
-// The ways to the addresses of one network. True: at least one address is such.
+// The ways to the addresses of one network. Each member tells of at least one address.
 struct Ways {
   bool LeadToHosts = false;    // a host can have the address, and can be reached
   bool LeadBeyond = false;     // the same, but ARP does not reach the address
   bool LeadElsewhere = false;  // the address is this machine's own, or reserved
-  int DeviceDown = 0;          // the number of a device without a link on a way; 0 for none
+  int DeviceDown = 0;          // the way leads to this device, which has no link; 0 for none
 };
 
 class ReachFinder {
@@ -109,9 +109,9 @@ class ReachFinder {
     return isUp_[device] = stack_.LinkOf(device).IsUp;
   }
 
-  // The name of a device that is down and on the whole network, unless a device that is up is on
-  // all of it, too; else empty. The routes to a device that is down are gone, so a route that is
-  // left can lead to another network with the same addresses.
+  // The name of a device that is down and is on the whole network; empty if there is none, or if a
+  // device that is up is on the whole network as well. The routes to a device that is down are
+  // gone, so the way that is left can lead to another network with the same addresses.
   [[nodiscard]] std::string DeviceOff(const Network& network) const {
     std::string name;
     for (const DeviceAddress& device : stack_.Devices()) {
@@ -128,8 +128,8 @@ class ReachFinder {
   std::map<int, bool> isUp_;
 };
 
-// The networks of the device that can be swept. If it is down there are no such networks, even
-// where another device leads to them, since the user means this device.
+// The networks of the device that can be swept. A device that is down has none, even if another
+// device leads to the same networks, since the user means this device.
 std::vector<Network> NetworksOf(const DeviceArgument& argument, const NetworkStack& stack,
                                 Plan& plan) {
   const int index = DeviceIndex(argument.Name);

@@ -54,7 +54,7 @@ std::string_view CommonDigits(std::string_view range) {
   return range.substr(0, count);
 }
 
-// What uses this address, whose bit is set that says that it was administered locally.
+// The probable user of a locally administered address.
 std::string UserOf(std::uint64_t address) {
   struct Block {
     std::uint64_t Prefix;
@@ -76,11 +76,11 @@ std::string UserOf(std::uint64_t address) {
 
 struct List {
   const char* Path;
-  std::vector<const char*>
-      Files;  // in that directory, as IEEE publishes them; empty for nmap's list
+  // If `Path` is a directory: its files, as IEEE publishes them. Empty if it is nmap's list.
+  std::vector<const char*> Files;
 };
 
-// The lists of a system, the first of which goes first.
+// The lists that a system can have, in the order in which they are tried.
 const std::vector<List>& SystemLists() {
   static const std::vector<List> lists = {
       {"/usr/share/ieee-data", {"/oui.txt", "/mam.txt", "/oui36.txt", "/iab.txt"}},
@@ -150,10 +150,10 @@ void Makers::Load() {
   if (!blocks_.empty()) source_ = ownList_ + ", " + ownDate;
 }
 
-// A 24-bit block has two lines of interest,
+// A 24-bit block has two lines of interest:
 //   00-22-72   (hex)              American Micro-Fuel Device Corp.
 //   002272     (base 16)          American Micro-Fuel Device Corp.
-// and a smaller one too: the 24 bits that it is in, and which of the other 24 bits it has.
+// A smaller block has two as well: the 24 bits that it is in, and its range of the other 24 bits.
 //   74-1A-E0   (hex)              Private
 //   900000-9FFFFF     (base 16)   Private
 void Makers::LoadIeeeFile(const std::string& path) {
@@ -187,7 +187,7 @@ void Makers::LoadNmapFile(const std::string& path) {
   }
 }
 
-// Adds a block, unless the digits are not those of one.
+// Adds the block that begins with these digits. Ignores what is not 6, 7 or 9 hexadecimal digits.
 void Makers::Add(std::string_view digits, std::string_view maker) {
   const std::optional<std::uint64_t> prefix = ParseDigits(digits);
   const std::size_t count = digits.size();

@@ -16,31 +16,30 @@ struct Datagram {
   std::string Data;
 };
 
-// Nothing here waits.
+// No function waits.
 class DatagramSocket {
  public:
-  // A socket without a port, which the system chooses at the first datagram. Throws
-  // `std::system_error` if the system has none to give.
+  // A socket whose port the system chooses at the first datagram. Throws `std::system_error` if it
+  // cannot be opened.
   DatagramSocket();
 
-  // Takes the port of a multicast group beside other programs that share it, for datagrams to the
-  // group alone: those to this machine stay with the others. Returns false, and the system chooses
-  // the port, if it cannot be had.
+  // Shares a port with the other programs that have it, for datagrams to this multicast group only:
+  // datagrams to this machine's own addresses still go to the others. Returns false if that is not
+  // possible; the system then chooses the port.
   [[nodiscard]] bool ShareGroup(std::uint32_t group, std::uint16_t port) const;
 
-  // Receives what is sent to the group on the device. Without effect where the device cannot do so.
+  // Receives what is sent to the group on the device. Has no effect on a device without multicast.
   void Join(std::uint32_t group, int device) const;
 
-  // Sends a datagram. Returns false if the system takes none now, and it is to be sent later. One
-  // that the system refuses is lost, as any datagram can be.
+  // Sends a datagram. Returns false if the system takes no datagram now: it is to be sent later. A
+  // datagram that the system refuses is lost, as any datagram can be.
   [[nodiscard]] bool Send(std::string_view data, std::uint32_t address, std::uint16_t port) const;
 
   // The same, to the group on the device. The datagram does not pass a router.
   [[nodiscard]] bool SendToGroup(std::string_view data, std::uint32_t group, std::uint16_t port,
                                  int device) const;
 
-  // The datagrams that have arrived, at most 256 of them: what has come after these is received the
-  // next time.
+  // The datagrams that have arrived, at most 256 of them; the next call gets the rest.
   [[nodiscard]] std::vector<Datagram> Receive() const;
 
   // The descriptor from which datagrams can be read after poll(2) says so.

@@ -5,7 +5,7 @@
 namespace hostsweep {
 
 bool DatagramSocket::ShareGroup(std::uint32_t group, std::uint16_t port) const {
-  // Beside a socket of another user the second alone is refused.
+  // With SO_REUSEPORT alone, the port of another user's socket is refused.
   for (const int option : {SO_REUSEADDR, SO_REUSEPORT}) {
     const int on = 1;
     if (setsockopt(Number(), SOL_SOCKET, option, &on, sizeof on) != 0) return false;

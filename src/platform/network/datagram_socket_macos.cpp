@@ -1,6 +1,6 @@
-// macOS: a socket that is bound to a group would send from the address of the group, and one that
-// is bound to any address would take the answers to the system's own questions. So the port cannot
-// be had.
+// macOS: a socket that is bound to a group would send from the group's address, and a socket that
+// is bound to INADDR_ANY would take the answers to the system's own questions. So no port is
+// shared.
 #include "platform/network/datagram_socket.h"
 
 namespace hostsweep {

@@ -1,4 +1,4 @@
-// Hardware addresses as systems have them: some bytes, six for most devices.
+// Hardware addresses as the system gives them: some bytes, six for most devices.
 #pragma once
 
 #include <string>

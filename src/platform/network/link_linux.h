@@ -19,14 +19,14 @@ struct Link {
 // The body of a request for the device of this number; 0 in a request for all.
 std::string LinkRequest(int index);
 
-// The device that the body of an RTM_NEWLINK message tells; nothing if it tells none.
+// The device that the body of an RTM_NEWLINK message describes; nothing if the body is too short.
 std::optional<Link> ParseLink(std::string_view body);
 
 // True if the device is set up and has a link.
 bool IsUp(const Link& link);
 
-// True if the kernel asks for hardware addresses on it: a tunnel has none, even where the flags say
-// that it uses ARP.
+// True if the kernel asks for hardware addresses on the device. A tunnel has no hardware address,
+// so this is false for it, whatever its flags say.
 bool UsesArp(const Link& link);
 
 }  // namespace hostsweep

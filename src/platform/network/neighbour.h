@@ -29,7 +29,7 @@ struct Neighbour {
   NeighbourState State = NeighbourState::None;
   Clock::time_point Since;      // the state's beginning, at most 20 ms too late
   Clock::time_point Confirmed;  // the last confirmation, likewise
-  std::optional<int> Requests;  // the broadcasts sent since then if it is incomplete, if known
+  std::optional<int> Requests;  // broadcasts sent so far if incomplete, where the system tells
   std::string HardwareAddress;  // bytes; empty if it is not known
 };
 

@@ -8,9 +8,8 @@
 
 namespace hostsweep {
 
-// The entry that the body of an RTM_NEWNEIGH message tells, which was received at that time;
-// nothing if it tells no IPv4 entry. `Requests` counts from `ucast_solicit` of arp(7), 3 by
-// default.
+// The entry that the body of an RTM_NEWNEIGH message, received at `now`, describes; nothing if it
+// is not an IPv4 entry. `Requests` counts from `ucast_solicit` of arp(7), 3 by default.
 std::optional<Neighbour> ParseNeighbour(std::string_view body, Clock::time_point now);
 
 }  // namespace hostsweep

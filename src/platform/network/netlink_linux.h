@@ -25,7 +25,7 @@ std::string_view BytesOf(const Object& object) {
   return {reinterpret_cast<const char*>(&object), sizeof object};
 }
 
-// The object that the bytes begin with; nothing if they are too few.
+// The object at the beginning of the bytes; nothing if they are too few.
 template <typename Object>
 std::optional<Object> ObjectIn(std::string_view bytes) {
   static_assert(std::is_trivially_copyable_v<Object>);
@@ -53,13 +53,13 @@ struct NetlinkMessage {
     return {};
   }
 
-  // That value as a number; nothing if it is not one of four bytes.
+  // That value as a number; nothing if it has fewer than four bytes.
   [[nodiscard]] std::optional<std::uint32_t> Number(unsigned short type) const {
     return ObjectIn<std::uint32_t>(Value(type));
   }
 };
 
-// The message whose bytes, after its header, these are; nothing if they are too few.
+// The message with this body, which is its bytes after the header; nothing if they are too few.
 template <typename Head>
 std::optional<NetlinkMessage<Head>> MessageIn(std::string_view body) {
   const auto head = ObjectIn<Head>(body);
@@ -68,12 +68,13 @@ std::optional<NetlinkMessage<Head>> MessageIn(std::string_view body) {
       *head, body.substr(std::min<std::size_t>(NLMSG_ALIGN(sizeof *head), body.size()))};
 }
 
+// A connection to the kernel.
 class Netlink {
  public:
   using Receiver = std::function<void(unsigned int type, std::string_view body)>;
 
-  // `groups`: the notifications to receive, as bits that begin with RTMGRP_. Throws
-  // `std::system_error` if there is no such socket.
+  // `groups`: the notifications to receive, as RTMGRP_ bits. Throws `std::system_error` if the
+  // kernel cannot be connected to.
   explicit Netlink(std::uint32_t groups = 0);
 
   // Asks for one object. `body` is the fixed part of the request and its attributes. Gives the

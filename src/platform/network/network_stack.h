@@ -18,11 +18,11 @@ struct Route {
     Beyond,    // by a gateway, or to a device without ARP, such as a tunnel
     Own,       // to this machine itself
     Reserved,  // to no host: it stands for a network, for all of its hosts, or for a group
-    None       // there is none
+    None       // nowhere
   };
   Kind Leads = Kind::None;
-  int Device = 0;             // the system's number of it; 0 if it is not known
-  std::uint32_t Gateway = 0;  // 0 without one, and where it is not known
+  int Device = 0;             // the system's number of the device; 0 if it is not known
+  std::uint32_t Gateway = 0;  // 0 if there is no gateway, or it is not known
   friend bool operator==(const Route&, const Route&) = default;
 };
 
@@ -32,9 +32,9 @@ struct LinkState {
   std::uint64_t Changes = 0;  // a number that changes whenever link, addresses or routes change
 };
 
+// Every function throws `std::system_error` if the system cannot be asked.
 class NetworkStack {
  public:
-  // Throws `std::system_error` if the system cannot be asked. The other functions do so, too.
   NetworkStack();
   NetworkStack(const NetworkStack&) = delete;
   NetworkStack& operator=(const NetworkStack&) = delete;
@@ -49,7 +49,7 @@ class NetworkStack {
   // The link as it is now.
   LinkState LinkOf(int device);
 
-  // The ARP cache as it is now, the time of which is given.
+  // The ARP cache as it is now; `now` is the current time.
   NeighbourTable Neighbours(Clock::time_point now);
 
  private:

@@ -28,7 +28,7 @@ std::string RouteRequest(std::uint32_t address) {
   return std::string(BytesOf(route)) + Attribute(RTA_DST, BytesOf(target));
 }
 
-// True if the address is in the network of another device, and not in one of this.
+// True if the address is in the network of another device, and not in a network of this device.
 bool IsElsewhere(int device, std::uint32_t address, const std::vector<DeviceAddress>& devices) {
   bool isElsewhere = false;
   for (const DeviceAddress& other : devices) {
@@ -39,8 +39,8 @@ bool IsElsewhere(int device, std::uint32_t address, const std::vector<DeviceAddr
   return isElsewhere;
 }
 
-// The number at which the entries of each device begin to count their requests, `ucast_solicit`.
-// That of device 0 holds for devices that are added later.
+// The number from which the entries of each device count their requests, `ucast_solicit`. The
+// number of device 0 holds for devices that are added later.
 std::map<int, int> ListFirstCounts(Netlink& kernel) {
   std::map<int, int> counts;
   ndtmsg all{};

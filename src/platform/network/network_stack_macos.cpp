@@ -1,5 +1,5 @@
 // macOS: the devices' networks, whether connect(2) finds a route, and the list of sysctl(3) that
-// arp(8) prints. It tells no ages, and a listed hardware address counts as confirmed.
+// arp(8) prints. The list has no ages, and a hardware address in it counts as confirmed.
 #include <arpa/inet.h>
 #include <net/if.h>
 #include <net/if_dl.h>
@@ -116,7 +116,7 @@ class NetworkStack::System {
     return {HasRoute(address) ? Route::Kind::Beyond : Route::Kind::None, 0, 0};
   }
 
-  // Device 0 stands for ways beyond, whose device is not known.
+  // Device 0 stands for the unknown device of a way beyond.
   LinkState LinkOf(int device) {
     const std::vector<DeviceAddress> now = DeviceAddresses();
     if (!std::equal(now.begin(), now.end(), devices_.begin(), devices_.end(), IsSame)) ++changes_;

@@ -15,11 +15,11 @@ void KeepErrors(int socket);
 // The next ICMP error that has arrived; nothing if there is none.
 std::optional<ProbeAnswer> ReadError(int socket);
 
-// What a send that failed with this error number means; nothing if the error can be that of an
-// earlier datagram, which the socket had yet to tell.
+// What a send that failed with this error number means; nothing if the error can belong to an
+// earlier datagram, which a socket reports at its next call.
 std::optional<SendResult> MeaningOf(int error);
 
-// The ICMP message in what an ICMP socket has received.
+// The ICMP message in the bytes that an ICMP socket has received.
 std::string_view IcmpMessageIn(std::string_view received);
 
 }  // namespace hostsweep

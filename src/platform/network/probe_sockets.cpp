@@ -16,8 +16,8 @@
 namespace hostsweep {
 namespace {
 
-// While ARP is pending, Linux lets a socket hold some 270 datagrams, and there are at most 1024
-// entries that are asked for unless the administrator has allowed more.
+// While ARP is pending, Linux lets a socket hold some 270 datagrams. It asks for at most 1024
+// addresses at a time, unless the administrator has allowed more.
 constexpr std::size_t MaximalSockets = 8;
 
 constexpr std::uint16_t DiscardPort = 9;

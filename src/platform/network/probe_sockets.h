@@ -28,11 +28,12 @@ enum class SendResult {
   Unreachable  // there is no way to the address
 };
 
-// ICMP echo sockets, which need no privilege, where the system allows them, and else UDP sockets,
-// whose empty datagrams go to the port of the discard service (RFC 863). Nothing here waits.
+// ICMP echo sockets, which need no privilege, where the system allows them, and otherwise UDP
+// sockets, whose empty datagrams go to the port of the discard service (RFC 863). No function
+// waits.
 class ProbeSockets {
  public:
-  // Opens the first socket. Throws `std::system_error` if the system has none to give.
+  // Opens the first socket. Throws `std::system_error` if that fails.
   ProbeSockets();
 
   // Sends one datagram to the address, which must be that of a single host.

@@ -6,7 +6,7 @@ namespace hostsweep {
 namespace {
 
 struct Lead {
-  std::size_t size = 1;                // of a sequence that begins with the byte; 1 if none does
+  std::size_t size = 1;                // of the sequences that begin so; 1 if there are none
   unsigned char lowestSecond = 0x80;   // bounds of its second byte, which exclude overlong forms,
   unsigned char highestSecond = 0xBF;  // surrogates and everything above U+10FFFF
 };

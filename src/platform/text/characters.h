@@ -8,7 +8,7 @@
 namespace hostsweep {
 
 // The number of bytes of the first character of `bytes`, which must not be empty: 1 to 4 for a
-// well-formed UTF-8 sequence (RFC 3629, section 4), 1 for a byte that does not begin one.
+// well-formed UTF-8 sequence (RFC 3629, section 4), 1 for a byte that begins no such sequence.
 std::size_t CharacterSize(std::string_view bytes);
 
 // "A" to "Z" for "a" to "z"; any other byte unchanged, so that longer characters stay whole.

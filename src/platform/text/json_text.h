@@ -6,9 +6,8 @@
 
 namespace hostsweep {
 
-// The string, in its quotes, that has this text. What could steer a terminal is escaped, so that
-// nothing is lost and nothing of it reaches one; U+FFFD stands for a byte that is not part of
-// well-formed UTF-8.
+// The text as a JSON string, in its quotes. Characters that could steer a terminal are escaped.
+// U+FFFD stands for a byte that is not part of well-formed UTF-8.
 std::string JsonString(std::string_view text);
 
 }  // namespace hostsweep

@@ -7,9 +7,9 @@
 namespace hostsweep {
 
 // True if a terminal shows the character and does nothing else: false for control characters (C0,
-// DEL and C1), for those that set the direction of text (Unicode Standard Annex 9, section 2), for
-// line and paragraph separators, and for a byte that is not part of well-formed UTF-8. `character`
-// is one in the sense of `CharacterSize`.
+// DEL and C1), for characters that set the direction of text (Unicode Standard Annex 9, section 2),
+// for line and paragraph separators, and for a byte that is not part of well-formed UTF-8.
+// `character` has the size that `CharacterSize` gives.
 bool IsPrintable(std::string_view character);
 
 // The code point of a character that is well-formed UTF-8.

@@ -1,6 +1,6 @@
 // The operations on texts with which the sweep parses and formats. Lengths and positions count
-// characters; the first is at position 1, and 0 means "not found". None of them fails: counts and
-// starts outside the text are clamped.
+// characters; the first is at position 1, and 0 means "not found". No operation fails: counts
+// and starts outside the text are clamped.
 #pragma once
 
 #include <cstdint>
