@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 #include "app/installed_path.h"
-#include "app/tools.h"
+#include "app/tools_directory.h"
 #include "platform/caught_signal.h"
 #include "platform/child_process.h"
 #include "platform/clock.h"

@@ -1,7 +1,7 @@
 #include "app/frame.h"
 
 #include "app/app.h"
-#include "app/tools.h"
+#include "app/tools_directory.h"
 #include "app/version.h"
 #include "platform/exceptions.h"
 #include "platform/process.h"

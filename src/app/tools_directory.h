@@ -1,4 +1,4 @@
-// The small tools that come with the program, and how the commands of a sweep find them.
+// The directory of the small tools that come with the program, and its place in the search path.
 #pragma once
 
 #include <string>

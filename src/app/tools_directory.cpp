@@ -1,4 +1,4 @@
-#include "app/tools.h"
+#include "app/tools_directory.h"
 
 #include "app/install_layout.h"
 #include "app/installed_path.h"
