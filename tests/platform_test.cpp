@@ -132,10 +132,13 @@ TEST(Shell, FindsProgramsOnTheReplacedSearchPathAlone) {
   std::string first = "PATH=/a";
   std::string second = "PATH=/b";
   char* const twice[] = {first.data(), second.data(), nullptr};
-  char** const own = std::exchange(environ, const_cast<char**>(twice));
-  ReplaceSearchPath("/c");
-  EXPECT_EQ(OutputOf("echo $PATH"), "/c\n");
-  environ = own;
+  // In a child, since setenv(3) owns the environment that it has made before.
+  const auto isReplaced = [&] {
+    environ = const_cast<char**>(twice);
+    ReplaceSearchPath("/c");
+    return OutputOf("echo $PATH") == "/c\n";
+  };
+  EXPECT_EXIT(std::_Exit(isReplaced() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
 TEST(PrepareProcess, OpensStandardDescriptorsAndGivesCommandsTheSignalsThatTheCallerMeantForThem) {
