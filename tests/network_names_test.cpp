@@ -126,12 +126,16 @@ constexpr std::uint32_t Other = 0x0A320008;
 const std::string HostBytes = "\x0A\x32" + std::string(1, '\0') + "\x07";
 
 // The pointer name and the address name of the host after this message.
-std::string Heard(std::uint32_t sender, const std::string& bytes) {
+std::string Heard(std::uint32_t sender, const std::string& bytes, int device = 1) {
   MulticastDns names;
   names.Ask(Host, 1);
-  names.Hear(sender, bytes);
+  names.Hear(device, sender, bytes);
   return names.PointerName(Host).value_or("-") + " " + names.AddressName(Host).value_or("-");
 }
+
+// The longest name that a message can have.
+const std::string Label = std::string(63, 'x') + '.';
+const std::string Longest = Label + Label + Label + std::string(55, 'x') + ".local";
 
 TEST(MulticastDns, BelievesAHostItsOwnNameAlone) {
   const std::string name = ReverseName(Host);
@@ -151,6 +155,10 @@ TEST(MulticastDns, BelievesAHostItsOwnNameAlone) {
                         .Add("a.local", AddressType, HostBytes)},
       {"- -", named("nas.lan")},
       {"- -", named("local")},
+      {"- -", Message(query).Add(name, PointerType, "", 1).Add("nas.local", Txt, "")},
+      {"- -", Message(query).Add(name, PointerType, Encoded("nas.local") + "x")},
+      {Longest + " -", named(Longest)},
+      {"- -", named("x" + Longest)},
       {"x\\\\.local -", named("x\\.local")},
       {"- -", Message(query).Add(name, PointerType, std::string("\x07x.local\0", 9))},  // one label
       {"- -", named("nas.local.lan")},
@@ -167,6 +175,7 @@ TEST(MulticastDns, BelievesAHostItsOwnNameAlone) {
   for (const auto& [names, message] : rows) {
     EXPECT_EQ(Heard(Host, message.Bytes()), names) << ++row;
     EXPECT_EQ(Heard(Other, message.Bytes()), "- -") << row;
+    EXPECT_EQ(Heard(Host, message.Bytes(), 2), "- -") << row;
   }
   const std::string whole = named("nas.local").Bytes();
   for (std::size_t size = 0; size < whole.size(); ++size) {
@@ -198,9 +207,9 @@ std::string Asked(MulticastDns& names) {
 
 TEST(MulticastDns, FollowsWhatABrowseLeadsTo) {
   const std::string services = "_services._dns-sd._udp.local";
-  const std::string instance = std::string("\x04My P\x05_http\x04_tcp\x05local\0", 24);
+  const std::string instance = std::string("\x04My P\x05_http\x04_tcp\x05local\0", 23);
   const auto hear = [](MulticastDns& names, std::uint32_t sender, const Message& message) {
-    names.Hear(sender, message.Bytes());
+    names.Hear(1, sender, message.Bytes());
     return Asked(names);
   };
   MulticastDns names;
@@ -239,20 +248,28 @@ TEST(MulticastDns, SetsLimitsToWhatStrangersCause) {
   for (int i = 0; i < 1000; ++i) {
     const std::string kind = "_" + std::to_string(i) + "._tcp.local";
     names.Hear(
-        1, Message("x").Add("_services._dns-sd._udp.local", PointerType, Encoded(kind)).Bytes());
+        1, 1, Message("x").Add("_services._dns-sd._udp.local", PointerType, Encoded(kind)).Bytes());
   }
   for (std::string asked = Asked(names); asked != "nothing"; asked = Asked(names)) {
     questions += static_cast<std::size_t>(std::count(asked.begin(), asked.end(), '/'));
   }
-  EXPECT_EQ(questions, 256U);
+  EXPECT_EQ(questions, 1 + 256U);
+  names.Ask(Host, 1);
+  Message services("x");
+  for (int i = 0; i < 10; ++i) {
+    services.Add("_0._tcp.local", PointerType, Encoded(std::to_string(i) + "._0._tcp.local"));
+  }
+  names.Hear(1, Host, services.Bytes());
+  const std::string asked = Asked(names);
+  EXPECT_EQ(std::count(asked.begin(), asked.end(), '/'), 1 + 8);
   const auto say = [&](std::uint32_t sender) {
-    names.Hear(sender,
+    names.Hear(1, sender,
                Message("x").Add(ReverseName(sender), PointerType, Encoded("n.local")).Bytes());
+    names.Ask(sender, 1);
     return names.PointerName(sender).has_value();
   };
   for (std::uint32_t sender = 1; sender <= 4096; ++sender) EXPECT_TRUE(say(sender));
   EXPECT_FALSE(say(5000));
-  names.Ask(5000, 1);
   EXPECT_TRUE(say(5000));
 }
 

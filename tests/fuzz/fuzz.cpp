@@ -46,7 +46,7 @@ void CheckHost(const std::string& bytes) {
   MulticastDns names;
   names.Browse(1);
   names.Ask(Host, 1);
-  names.Hear(Host, message);
+  names.Hear(1, Host, message);
   Require(!names.AddressName(Host + 1) && !names.PointerName(Host + 1));
   Require(!names.AddressName(Host) || Contains(message, address));
   Require(!names.PointerName(Host) || Contains(Folded(message), "IN-ADDR"));

@@ -12,6 +12,10 @@
 namespace hostsweep {
 namespace {
 
+// The bytes of a name in a message, and of one of its labels (RFC 1035, section 2.3.4).
+constexpr std::size_t LongestName = 255;
+constexpr std::size_t LongestLabel = 63;
+
 // Reads a message part by part. After a part that cannot be read, nothing more can be read, and
 // `HasFailed` is true.
 class MessageReader {
@@ -19,6 +23,9 @@ class MessageReader {
   explicit MessageReader(std::string_view message) : message_(message) {}
 
   [[nodiscard]] bool HasFailed() const { return hasFailed_; }
+
+  // The number of bytes that have been read.
+  [[nodiscard]] std::size_t Position() const { return position_; }
 
   // A number of `size` bytes, at most 4, the highest byte first.
   std::uint32_t Number(std::size_t size) {
@@ -42,7 +49,7 @@ class MessageReader {
     char* expanded = nullptr;
     long size = 0;
     const auto* const begin = reinterpret_cast<const unsigned char*>(message_.data());
-    hasFailed_ = hasFailed_ || position_ >= message_.size() ||
+    hasFailed_ = hasFailed_ || !IsNameEnding() ||
                  ares_expand_name(begin + position_, begin, static_cast<int>(message_.size()),
                                   &expanded, &size) != ARES_SUCCESS;
     if (hasFailed_) return {};
@@ -53,6 +60,30 @@ class MessageReader {
   }
 
  private:
+  // True if the name at the position ends within the bytes that it may have, which c-ares does not
+  // check: a message can have many names that all continue in a very long one.
+  [[nodiscard]] bool IsNameEnding() const {
+    constexpr unsigned Pointer = 0xC0;  // RFC 1035, section 4.1.4
+    std::size_t size = 1;
+    std::size_t at = position_;
+    for (std::size_t parts = 0; parts < LongestName && at < message_.size(); ++parts) {
+      const unsigned length = ByteAt(at);
+      if (length == 0) return size <= LongestName;
+      if (length < Pointer) {
+        size += length + 1;
+        at += length + 1;
+      } else {
+        if (at + 1 == message_.size()) return false;
+        at = (length - Pointer) << 8U | ByteAt(at + 1);
+      }
+    }
+    return false;
+  }
+
+  [[nodiscard]] unsigned ByteAt(std::size_t position) const {
+    return static_cast<unsigned char>(message_[position]);
+  }
+
   // c-ares leaves a space as it is, where host(1) writes its number.
   static std::string WithoutSpaces(const char* name) {
     std::string text;
@@ -65,23 +96,23 @@ class MessageReader {
   bool hasFailed_ = false;
 };
 
-// Reads the data of a record, if its type is known.
-void ReadData(MessageReader& data, DnsRecord& record) {
+// Reads the data of a record. Returns false if its type is not known.
+bool ReadData(MessageReader& data, DnsRecord& record) {
   constexpr std::size_t ServiceNumbers = 6;  // priority, weight and port
   switch (record.Type) {
     case AddressType:
       record.Address = data.Number(4);
-      break;
+      return true;
     case ServiceType:
       data.Skip(ServiceNumbers);
       record.Target = data.Name();
-      break;
+      return true;
     case AliasType:
     case PointerType:
       record.Target = data.Name();
-      break;
+      return true;
     default:
-      break;
+      return false;
   }
 }
 
@@ -95,8 +126,8 @@ void ReadRecord(MessageReader& reader, std::vector<DnsRecord>& records) {
   MessageReader data = reader;
   reader.Skip(size);
   if (reader.HasFailed()) return;
-  ReadData(data, record);
-  if (!data.HasFailed()) records.push_back(std::move(record));
+  const bool isRead = ReadData(data, record) && !data.HasFailed();
+  if (isRead && data.Position() == reader.Position()) records.push_back(std::move(record));
 }
 
 void ReadRecords(MessageReader& reader, int count, std::vector<DnsRecord>& records) {
@@ -123,8 +154,6 @@ std::optional<char> TakeEscape(std::string_view& text) {
 
 // The labels of the name, each after its length; nothing if no message can have the name.
 std::optional<std::string> EncodedName(std::string_view name) {
-  constexpr std::size_t LongestLabel = 63;
-  constexpr std::size_t LongestName = 255;
   std::string encoded;
   while (!name.empty()) {
     std::string label;

@@ -36,8 +36,8 @@ struct DnsMessage {
 };
 
 // The message in these bytes, without its questions; nothing if the questions or the answers cannot
-// be read. The sections after the answers end at the first part that cannot be read. Records whose
-// data cannot be read are left out.
+// be read. The sections after the answers end at the first part that cannot be read. Records of
+// other types, and records whose data cannot be read, are left out.
 std::optional<DnsMessage> ReadDnsMessage(std::string_view bytes);
 
 // The same name in upper case, for comparison: the letter case of a name means nothing.

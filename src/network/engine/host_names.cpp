@@ -17,7 +17,8 @@ using std::chrono::milliseconds;
 constexpr milliseconds LeastTime(500);
 constexpr milliseconds MostTime(2000);
 
-// A question may not be repeated sooner (RFC 6762, section 5.2).
+// A question may not be repeated sooner, and each time only after twice the interval (RFC 6762,
+// section 5.2).
 constexpr milliseconds RepeatTime(1000);
 
 // Questions about hosts that are found within this time go into one packet.
@@ -57,15 +58,20 @@ bool HostNames::Open() {
 void HostNames::AskNow(std::uint32_t address, int device, Clock::time_point now) {
   requests_.push_back(address);
   if (device != 0) {
-    const auto [browse, isFirst] = browses_.emplace(device, now);
-    if (isFirst && ownPort_) ownPort_->Join(MulticastDnsGroup, device);
-    if (isFirst || now - browse->second >= RepeatTime) {
-      browse->second = now;
-      multicastDns_.Browse(device);
-    }
+    BrowseOn(device, now);
     multicastDns_.Ask(address, device);
   }
   if (!nextSend_) nextSend_ = now + GatherTime;
+}
+
+// Asks for the services on the device, unless that was done lately.
+void HostNames::BrowseOn(int device, Clock::time_point now) {
+  const auto [found, isFirst] = browses_.try_emplace(device, Browse{now, RepeatTime});
+  if (isFirst && ownPort_) ownPort_->Join(MulticastDnsGroup, device);
+  Browse& browse = found->second;
+  if (!isFirst && now - browse.Last < browse.Interval) return;
+  if (!isFirst) browse = {now, 2 * browse.Interval};
+  multicastDns_.Browse(device);
 }
 
 void HostNames::Proceed(Clock::time_point now, bool isWaiting) {
@@ -92,7 +98,11 @@ void HostNames::Receive() {
 }
 
 void HostNames::ReceiveMulticastDns(const Datagram& datagram) {
-  multicastDns_.Hear(datagram.Sender, datagram.Data);
+  const auto asked = asked_.find(datagram.Sender);
+  // This machine's own answers come by a device of their own.
+  const bool isOwn = datagram.Device == LoopbackDevice && asked != asked_.end();
+  multicastDns_.Hear(isOwn ? asked->second.Device : datagram.Device, datagram.Sender,
+                     datagram.Data);
   EndIfSure(datagram.Sender);
 }
 

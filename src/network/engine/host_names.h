@@ -1,6 +1,7 @@
 // The names that hosts give themselves, by multicast DNS and NetBIOS.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -51,10 +52,15 @@ class HostNames {
     int Device;
     std::optional<std::string> NetBiosName;
   };
+  struct Browse {
+    Clock::time_point Last;
+    std::chrono::milliseconds Interval;  // to the next at the earliest
+  };
   using Turn = std::pair<Clock::time_point, std::uint32_t>;  // since when, and an address
 
   bool Open();
   void AskNow(std::uint32_t address, int device, Clock::time_point now);
+  void BrowseOn(int device, Clock::time_point now);
   void Receive();
   void ReceiveMulticastDns(const Datagram& datagram);
   void ReceiveNetBios(const Datagram& datagram);
@@ -73,7 +79,7 @@ class HostNames {
   std::optional<DatagramSocket> anyPort_;  // nothing before the first question
   MulticastDns multicastDns_;
   std::optional<MulticastDns::Query> query_;  // taken, and not sent yet
-  std::map<int, Clock::time_point> browses_;  // the last browse on each device that is joined
+  std::map<int, Browse> browses_;             // on each device that is joined
   std::deque<std::uint32_t> requests_;        // NetBIOS: the addresses to send a request to
   std::optional<Clock::time_point> nextSend_;
   std::map<std::uint32_t, Asked> asked_;  // by address

@@ -15,7 +15,8 @@ constexpr std::size_t MostQuestions = 40;
 constexpr std::size_t LargestQuery = 1400;
 
 // Limits to what strangers can make the program ask and remember.
-constexpr std::size_t LargestBrowse = 256;
+constexpr std::size_t MostKinds = 256;
+constexpr int MostFurther = 8;
 constexpr std::size_t MostHosts = 4096;
 
 bool IsLocalName(const std::string& name) {
@@ -36,12 +37,12 @@ void TakeFirst(std::optional<std::string>& name, const std::string& other) {
 }  // namespace
 
 void MulticastDns::Ask(std::uint32_t address, int device) {
-  devices_[address] = device;
+  hosts_[address] = {device, 0};
   questions_.emplace_back(device, DnsQuestion{ReverseName(address), PointerType});
 }
 
 void MulticastDns::Browse(int device) {
-  browsed_[device].clear();
+  browsed_[device] = {};
   AskOnce(device, {AllServices, PointerType});
 }
 
@@ -67,76 +68,97 @@ std::optional<MulticastDns::Query> MulticastDns::Next() {
   return query;
 }
 
-void MulticastDns::Hear(std::uint32_t sender, std::string_view message) {
+void MulticastDns::Hear(int device, std::uint32_t sender, std::string_view message) {
   constexpr int Response = 0x8000;
   constexpr int OperationAndResult = 0x780F;
   const std::optional<DnsMessage> read = ReadDnsMessage(message);
   if (!read || (read->Flags & Response) == 0 || (read->Flags & OperationAndResult) != 0) return;
+  const Place place(device, sender);
   for (const auto* const records : {&read->Answers, &read->Others}) {
-    for (const DnsRecord& record : *records) HearRecord(sender, record);
+    for (const DnsRecord& record : *records) HearRecord(place, record);
   }
   for (const auto* const records : {&read->Answers, &read->Others}) {
-    for (const DnsRecord& record : *records) AskFurther(sender, record);
+    for (const DnsRecord& record : *records) AskFurther(place, record);
   }
 }
 
-void MulticastDns::HearRecord(std::uint32_t sender, const DnsRecord& record) {
+void MulticastDns::HearRecord(const Place& sender, const DnsRecord& record) {
   // The highest bit of the class means that there are no other records (RFC 6762, section 10.2); a
   // time to live of 0, that the record is no longer valid (section 10.1).
   constexpr int ClassBits = 0x7FFF;
+  const std::uint32_t address = sender.second;
   if ((record.Class & ClassBits) != InternetClass || record.TimeToLive == 0) return;
   const bool isPointer = record.Type == PointerType && IsLocalName(record.Target) &&
-                         Folded(record.Owner) == Folded(ReverseName(sender));
+                         Folded(record.Owner) == Folded(ReverseName(address));
   const bool isAddress =
-      record.Type == AddressType && record.Address == sender && IsLocalName(record.Owner);
+      record.Type == AddressType && record.Address == address && IsLocalName(record.Owner);
   if (!isPointer && !isAddress) return;
-  if (heard_.size() >= MostHosts && !devices_.contains(sender) && !heard_.contains(sender)) return;
+  if (heard_.size() >= MostHosts && !hosts_.contains(address) && !heard_.contains(sender)) return;
   Names& names = heard_[sender];
   if (isPointer) TakeFirst(names.Pointer, record.Target);
   if (isAddress) TakeFirst(names.Address, record.Owner);
 }
 
 // Hosts leave out what another host has said, so the kinds of services are taken from any host, and
-// asked for on every device. What follows is asked only about the sender.
-void MulticastDns::AskFurther(std::uint32_t sender, const DnsRecord& record) {
-  const std::string owner = Folded(record.Owner);
-  if (record.Type == PointerType && owner == Folded(AllServices)) {
-    for (const auto& [device, asked] : browsed_) AskOnce(device, {record.Target, PointerType});
-    return;
+// asked for on every device.
+void MulticastDns::AskForKind(const std::string& kind) {
+  for (auto& [device, browsed] : browsed_) {
+    if (browsed.KindCount == MostKinds) continue;
+    if (AskOnce(device, {kind, PointerType})) ++browsed.KindCount;
   }
-  const auto found = devices_.find(sender);
-  if (found == devices_.end() || heard_.contains(sender)) return;
-  const int device = found->second;
-  if (!IsAsked(device, {record.Owner, record.Type})) return;
-  if (record.Type == PointerType) AskOnce(device, {record.Target, ServiceType});
-  if (record.Type == ServiceType) AskOnce(device, {record.Target, AddressType});
 }
 
-void MulticastDns::AskOnce(int device, DnsQuestion question) {
-  auto& asked = browsed_[device];
-  if (!IsLocalName(question.Name) || asked.size() >= LargestBrowse) return;
-  if (!asked.emplace(Folded(question.Name), question.Type).second) return;
+void MulticastDns::AskFurther(const Place& sender, const DnsRecord& record) {
+  if (record.Type == PointerType && Folded(record.Owner) == Folded(AllServices)) {
+    AskForKind(record.Target);
+    return;
+  }
+  const auto& [device, address] = sender;
+  const auto host = hosts_.find(address);
+  if (host == hosts_.end() || host->second.Device != device || heard_.contains(sender)) return;
+  if (host->second.FurtherCount == MostFurther) return;
+  if (!IsAsked(device, {record.Owner, record.Type})) return;
+  const bool isAsked =
+      (record.Type == PointerType && AskOnce(device, {record.Target, ServiceType})) ||
+      (record.Type == ServiceType && AskOnce(device, {record.Target, AddressType}));
+  if (isAsked) ++host->second.FurtherCount;
+}
+
+// Returns false if there is nothing to ask.
+bool MulticastDns::AskOnce(int device, DnsQuestion question) {
+  if (!IsLocalName(question.Name)) return false;
+  auto& questions = browsed_[device].Questions;
+  if (!questions.emplace(Folded(question.Name), question.Type).second) return false;
   questions_.emplace_back(device, std::move(question));
+  return true;
 }
 
 bool MulticastDns::IsAsked(int device, const DnsQuestion& question) const {
   const auto found = browsed_.find(device);
-  return found != browsed_.end() && found->second.contains({Folded(question.Name), question.Type});
+  return found != browsed_.end() &&
+         found->second.Questions.contains({Folded(question.Name), question.Type});
+}
+
+MulticastDns::Names MulticastDns::NamesOf(std::uint32_t address) const {
+  const auto host = hosts_.find(address);
+  if (host == hosts_.end()) return {};
+  const auto names = heard_.find({host->second.Device, address});
+  return names == heard_.end() ? Names() : names->second;
 }
 
 std::optional<std::string> MulticastDns::PointerName(std::uint32_t address) const {
-  const auto found = heard_.find(address);
-  return found == heard_.end() ? std::nullopt : found->second.Pointer;
+  return NamesOf(address).Pointer;
 }
 
 std::optional<std::string> MulticastDns::AddressName(std::uint32_t address) const {
-  const auto found = heard_.find(address);
-  return found == heard_.end() ? std::nullopt : found->second.Address;
+  return NamesOf(address).Address;
 }
 
 void MulticastDns::Forget(std::uint32_t address) {
-  devices_.erase(address);
-  heard_.erase(address);
+  const auto host = hosts_.find(address);
+  if (host == hosts_.end()) return;
+  heard_.erase({host->second.Device, address});
+  hosts_.erase(host);
 }
 
 }  // namespace hostsweep

@@ -22,10 +22,10 @@ constexpr std::uint32_t MulticastDnsGroup = 0xE00000FB;  // 224.0.0.251
 constexpr std::uint16_t MulticastDnsPort = 5353;
 
 // A host is believed only about its own address: a pointer or an address record counts if it comes
-// from the very address that it names, and the name ends in ".local". Many hosts answer no reverse
-// lookup, but give their address record beside the services that they offer; so a browse asks for
-// all kinds of services (RFC 6763, section 9), for the services of each kind, and for the host and
-// the address of each service.
+// from the very address that it names, by the device that the host is asked on, and the name ends
+// in ".local". Many hosts answer no reverse lookup, but give their address record beside the
+// services that they offer; so a browse asks for all kinds of services (RFC 6763, section 9), for
+// the services of each kind, and for the host and the address of each service.
 class MulticastDns {
  public:
   struct Query {
@@ -43,8 +43,8 @@ class MulticastDns {
   std::optional<Query> Next();
   [[nodiscard]] bool HasNext() const { return !questions_.empty(); }
 
-  // Takes a message that has come from this address.
-  void Hear(std::uint32_t sender, std::string_view message);
+  // Takes a message that has come from this address by this device.
+  void Hear(int device, std::uint32_t sender, std::string_view message);
 
   // The name in a pointer record of the host, as in `WithCharacters`; the first in alphabetical
   // order if there are several names. Nothing if there is no name.
@@ -57,20 +57,35 @@ class MulticastDns {
   void Forget(std::uint32_t address);
 
  private:
+  using Place = std::pair<int, std::uint32_t>;  // a device, and an address on it
+
+  struct Host {
+    int Device = 0;
+    int FurtherCount = 0;  // the questions that its services have led to
+  };
+
   struct Names {
     std::optional<std::string> Pointer;
     std::optional<std::string> Address;
   };
 
-  void HearRecord(std::uint32_t sender, const DnsRecord& record);
-  void AskFurther(std::uint32_t sender, const DnsRecord& record);
-  void AskOnce(int device, DnsQuestion question);
-  [[nodiscard]] bool IsAsked(int device, const DnsQuestion& question) const;
+  // What has been asked by a browse.
+  struct Browsed {
+    std::set<std::pair<std::string, int>> Questions;
+    std::size_t KindCount = 0;
+  };
 
-  std::map<std::uint32_t, int> devices_;  // of the hosts whose names are asked for
-  std::map<std::uint32_t, Names> heard_;  // also of hosts whose names may be asked for later
-  std::deque<std::pair<int, DnsQuestion>> questions_;             // to send, each on its device
-  std::map<int, std::set<std::pair<std::string, int>>> browsed_;  // what the browse has asked
+  void HearRecord(const Place& sender, const DnsRecord& record);
+  void AskForKind(const std::string& kind);
+  void AskFurther(const Place& sender, const DnsRecord& record);
+  bool AskOnce(int device, DnsQuestion question);
+  [[nodiscard]] bool IsAsked(int device, const DnsQuestion& question) const;
+  [[nodiscard]] Names NamesOf(std::uint32_t address) const;
+
+  std::map<std::uint32_t, Host> hosts_;  // the hosts whose names are asked for
+  std::map<Place, Names> heard_;         // also of hosts whose names may be asked for later
+  std::deque<std::pair<int, DnsQuestion>> questions_;  // to send, each on its device
+  std::map<int, Browsed> browsed_;                     // by device
 };
 
 }  // namespace hostsweep

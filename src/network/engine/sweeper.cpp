@@ -52,7 +52,7 @@ void Sweeper::Proceed(const std::vector<Watched>& ready, Clock::time_point now, 
 }
 
 void Sweeper::ProceedWithNames(const std::vector<Watched>& ready, Clock::time_point now) {
-  names_->Proceed(ready, now, IsWaiting());
+  names_->Proceed(ready, now, SearchCount() > 0);
   for (NameResult& result : names_->TakeLookUps()) {
     const Key key = result.Key;
     At(key).SetLookUp(std::move(result));
@@ -80,8 +80,10 @@ void Sweeper::AskHosts(Clock::time_point now) {
   }
 }
 
-// True if an address waits for anything but its host's own name.
-bool Sweeper::IsWaiting() const { return inWork_.size() > names_->AskedCount(); }
+// The number of addresses that wait for more than their hosts' own names.
+std::size_t Sweeper::SearchCount() const {
+  return inWork_.size() - toAsk_.size() - (names_ ? names_->AskedCount() : 0);
+}
 
 void Sweeper::Watch(std::vector<Watched>& descriptors) const {
   for (const Descriptor& socket : probes_.Sockets()) {
@@ -94,7 +96,7 @@ std::optional<Clock::time_point> Sweeper::NextTime(Clock::time_point now, bool m
   // There can be room since `Proceed`, as findings have been given out.
   if (mayBegin && CanBegin()) return now;
   std::optional<Clock::time_point> next;
-  if (names_) next = names_->NextTime(now, IsWaiting());
+  if (names_) next = names_->NextTime(now, SearchCount() > 0);
   if (nextLook_) next = std::min(next.value_or(*nextLook_), *nextLook_);
   if (!toProbe_.empty()) {
     const Clock::time_point time = std::max(nextProbe_, now + BatchTime);
@@ -115,7 +117,7 @@ std::optional<Finding> Sweeper::Next() {
 
 // True if there is another address, and room for it.
 bool Sweeper::CanBegin() const {
-  return inWork_.size() < jobs_ && targets_.size() < MostTargets && !walk_.IsAtEnd();
+  return SearchCount() < jobs_ && targets_.size() < MostTargets && !walk_.IsAtEnd();
 }
 
 void Sweeper::BeginAddress() {

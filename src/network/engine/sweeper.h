@@ -29,7 +29,8 @@ namespace hostsweep {
 // name. The functions throw `std::system_error` if the system cannot be asked.
 class Sweeper {
  public:
-  // At most `jobs` addresses are swept at a time. Without `usesNames` nobody is asked for names.
+  // At most `jobs` addresses are swept at a time, not counting hosts that are only asked for their
+  // names. Without `usesNames` nobody is asked for names.
   // The other objects must outlive this one.
   Sweeper(const std::vector<Network>& networks, std::size_t jobs, bool usesNames,
           NetworkStack& stack);
@@ -73,7 +74,7 @@ class Sweeper {
   void Settle(Key key);
   [[nodiscard]] bool IsOwn(std::uint32_t address) const;
   [[nodiscard]] bool CanBegin() const;
-  [[nodiscard]] bool IsWaiting() const;
+  [[nodiscard]] std::size_t SearchCount() const;
   const LinkState& LinkOf(int device);
 
   std::size_t jobs_;

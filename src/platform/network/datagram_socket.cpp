@@ -1,8 +1,13 @@
 #include "platform/network/datagram_socket.h"
 
 #include <fcntl.h>
+#include <sys/uio.h>
 
+#include <array>
 #include <cerrno>
+#include <cstring>
+#include <optional>
+#include <utility>
 
 #include "platform/network/socket_address.h"
 #include "platform/system_call.h"
@@ -30,13 +35,46 @@ ip_mreqn Membership(std::uint32_t group, int device) {
   return membership;
 }
 
+// The device of a datagram that was received with `IP_PKTINFO`; 0 if the system does not say it.
+int DeviceOf(const msghdr& message) {
+  const cmsghdr* const control = CMSG_FIRSTHDR(&message);
+  const bool isKnown =
+      control != nullptr && control->cmsg_level == IPPROTO_IP && control->cmsg_type == IP_PKTINFO;
+  if (!isKnown) return 0;
+  in_pktinfo info{};
+  std::memcpy(&info, CMSG_DATA(control), sizeof info);
+  return static_cast<int>(info.ipi_ifindex);
+}
+
+// The next datagram that has arrived, without data if it does not fit into the buffer; nothing if
+// there is none.
+std::optional<Datagram> ReceiveNext(int socket, std::string& buffer) {
+  sockaddr sender{};
+  alignas(cmsghdr) std::array<char, 256> control{};
+  iovec part = {buffer.data(), buffer.size()};
+  msghdr message{};
+  message.msg_name = &sender;
+  message.msg_namelen = sizeof sender;
+  message.msg_iov = &part;
+  message.msg_iovlen = 1;
+  message.msg_control = control.data();
+  message.msg_controllen = control.size();
+  const ssize_t size = RetryInterrupted([&] { return recvmsg(socket, &message, 0); });
+  if (size < 0) return {};
+  const bool isWhole = (message.msg_flags & MSG_TRUNC) == 0;
+  return Datagram{AddressIn(&sender), PortIn(sender), DeviceOf(message),
+                  isWhole ? buffer.substr(0, static_cast<std::size_t>(size)) : ""};
+}
+
 bool IsPassing(int error) {
   return error == EAGAIN || error == EWOULDBLOCK || error == ENOBUFS || error == ENOMEM;
 }
 
 }  // namespace
 
-DatagramSocket::DatagramSocket() : socket_(OpenSocket()) {}
+DatagramSocket::DatagramSocket() : socket_(OpenSocket()) {
+  SetOption(Number(), IPPROTO_IP, IP_PKTINFO, 1);
+}
 
 void DatagramSocket::Join(std::uint32_t group, int device) const {
   SetOption(Number(), IPPROTO_IP, IP_ADD_MEMBERSHIP, Membership(group, device));
@@ -56,18 +94,13 @@ bool DatagramSocket::SendToGroup(std::string_view data, std::uint32_t group, std
 }
 
 std::vector<Datagram> DatagramSocket::Receive() const {
-  constexpr std::size_t LargestBatch = 256;
-  constexpr std::size_t LargestDatagram = 65536;
+  constexpr int LargestBatch = 256;
   std::vector<Datagram> datagrams;
-  std::string data(LargestDatagram, '\0');
-  while (datagrams.size() < LargestBatch) {
-    sockaddr sender{};
-    socklen_t length = sizeof sender;
-    const ssize_t size = RetryInterrupted(
-        [&] { return recvfrom(Number(), data.data(), data.size(), 0, &sender, &length); });
-    if (size < 0) break;
-    datagrams.push_back(
-        {AddressIn(&sender), PortIn(sender), data.substr(0, static_cast<std::size_t>(size))});
+  std::string buffer(LargestDatagram, '\0');
+  for (int i = 0; i < LargestBatch; ++i) {
+    std::optional<Datagram> next = ReceiveNext(Number(), buffer);
+    if (!next) break;
+    if (!next->Data.empty()) datagrams.push_back(std::move(*next));
   }
   return datagrams;
 }

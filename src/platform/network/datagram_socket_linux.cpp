@@ -10,6 +10,9 @@ bool DatagramSocket::ShareGroup(std::uint32_t group, std::uint16_t port) const {
     const int on = 1;
     if (setsockopt(Number(), SOL_SOCKET, option, &on, sizeof on) != 0) return false;
   }
+  // Linux would also receive what is sent to the group on devices that other programs have joined.
+  const int off = 0;
+  setsockopt(Number(), IPPROTO_IP, IP_MULTICAST_ALL, &off, sizeof off);
   const sockaddr address = SocketAddress(group, port);
   return bind(Number(), &address, sizeof address) == 0;
 }
