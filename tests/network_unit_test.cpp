@@ -260,10 +260,17 @@ TEST(Makers, ReadsItsOwnListUnlessAnotherIsNewer) {
   EXPECT_EQ(used(), "/own, 2026-06-25 O");
   lists.Date(nmap, Midnight);
   EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");
+  lists.Write("/own", "# 2026-06-25 blocks\n001A2B O\n001A2B3 O 28\n");
+  EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 O 28");  // nmap's has 24-bit blocks only
+  lists.Write(nmap, "001A2B N\n001A2C3 N 28\n");
+  lists.Date(nmap, Midnight);
+  EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");
   lists.Write(ieee, "001A2B     (base 16)\t\tI\r\n");
   lists.Date(ieee, Midnight - 1);
   EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");
   lists.Date(ieee, Midnight);
+  EXPECT_EQ(used(), "/usr/share/ieee-data, 2026-06-26 O 28");
+  lists.Write("/own", "# 2026-06-25 blocks\n001A2B O\n");
   EXPECT_EQ(used(), "/usr/share/ieee-data, 2026-06-26 I");
   lists.Write(ieee, "no blocks\n");
   EXPECT_EQ(used(), std::string(nmap) + ", 2026-06-26 N");

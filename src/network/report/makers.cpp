@@ -144,10 +144,18 @@ void Makers::Load() {
     if (blocks_.empty()) continue;
     source_ = path;
     source_.append(", ").append(date);
+    // Of two equal blocks, the one that was added first counts.
+    if (!HasSmallBlocks()) LoadNmapFile(ownList_);
     return;
   }
   LoadNmapFile(ownList_);
   if (!blocks_.empty()) source_ = ownList_ + ", " + ownDate;
+}
+
+bool Makers::HasSmallBlocks() const {
+  constexpr std::uint32_t DigitsOfALarge = 6;
+  return std::any_of(blocks_.begin(), blocks_.end(),
+                     [](const Block& block) { return block.Digits > DigitsOfALarge; });
 }
 
 // A 24-bit block has two lines of interest:

@@ -11,7 +11,8 @@
 namespace hostsweep {
 
 // The list is read when it is first needed: the first of these that has any blocks, and is newer
-// than the program's own, which is read if there is no such list.
+// than the program's own, which is read if there is no such list, and after a list that has 24-bit
+// blocks only.
 //   /usr/share/ieee-data      oui.txt, mam.txt, oui36.txt, iab.txt: as IEEE publishes them (Debian)
 //   /usr/share/hwdata         oui.txt: the same, of 24-bit blocks only (Fedora, Arch)
 //   /usr/share/nmap, /usr/local/share/nmap, /opt/homebrew/share/nmap
@@ -55,6 +56,7 @@ class Makers {
 
   void EnsureLoaded();
   void Load();
+  [[nodiscard]] bool HasSmallBlocks() const;
   void LoadIeeeFile(const std::string& path);
   void LoadNmapFile(const std::string& path);
   void Add(std::string_view digits, std::string_view maker);
