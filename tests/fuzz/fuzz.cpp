@@ -1,17 +1,23 @@
-// What must hold for any bytes that a tool may print, a name server may send or a file may have,
-// for Clang's libFuzzer. The sanitizers look for everything else.
+// What must hold for any bytes that a tool may print, a name server or a host may send, a file may
+// have or an argument may be, for Clang's libFuzzer. The sanitizers look for everything else.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
 
+#include "network/changes/change_lines.h"
 #include "network/changes/seen_line.h"
 #include "network/engine/dns_message.h"
 #include "network/engine/multicast_dns.h"
 #include "network/engine/name_text.h"
 #include "network/engine/net_bios.h"
 #include "network/engine/pointer_records.h"
+#include "network/plan/address.h"
+#include "network/plan/network.h"
+#include "network/plan/usage_error.h"
+#include "network/report/format.h"
 #include "network/report/makers.h"
 #include "platform/text/printable.h"
 #include "platform/text/text_operations.h"
@@ -25,12 +31,20 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
+// Nothing in it could steer a terminal.
+void RequirePrintable(std::string text) {
+  std::erase_if(text, [](char byte) { return byte == '\r' || byte == '\n'; });
+  Require(Printable(text) == text);
+}
+
 // An answer gives names only to the address that was asked for: without its name in the message
 // there are no names. Nothing that could steer a terminal comes out.
 void CheckAnswer(const std::string& message) {
   const auto names = PointerNamesIn(message, "7.0.0.10.in-addr.arpa");
   if (!names) return;
-  const bool isNamed = Contains(message, "in-addr");
+  const bool isNamed = Contains(message, "in-addr") && Contains(message,
+                                                                "\x01"
+                                                                "7");
   Require(names->empty() || isNamed);
   for (const std::string& name : *names) {
     for (const char byte : name) Require(byte > ' ' && byte < 0x7F);
@@ -63,7 +77,56 @@ void CheckHost(const std::string& bytes) {
   status[7] = 1;
   const auto name = NodeNameIn(status, 7);
   Require(!name || Printable(*name) == *name);
-  Require(Printable(NameText(bytes)) == NameText(bytes));
+  Require(!NodeNameIn(status, 8));
+  RequirePrintable(NameText(bytes));
+}
+
+// A report has a name of any bytes: nothing of it reaches a terminal that could steer it, a line
+// can be taken apart again, and JSON can be read and has the name, if that is UTF-8.
+void CheckReport(const std::string& name) {
+  static Makers makers("/nonexistent", "/nonexistent");
+  Change change;
+  change.What = Change::Kind::Renamed;
+  change.FromName = name;
+  Finding& finding = change.Host.Known;
+  finding = {0x0A000007, name, "00-1A-2B-3C-4D-5E", Presence::Up};
+  const auto report = [&](Format format, bool isForTerminal) {
+    const auto formatter = MakeFormatter(format, {Selection::All, isForTerminal, 32}, makers);
+    const std::string text = formatter->Begin() + formatter->Add(finding);
+    return text + formatter->End(true);
+  };
+  for (const Format format :
+       {Format::Lines, Format::Table, Format::Csv, Format::Json, Format::Map}) {
+    RequirePrintable(report(format, true));
+  }
+  RequirePrintable(FormatChanges({change}, makers));
+
+  const std::string line = report(Format::Lines, false);
+  const std::size_t begin = line.find('=') + 1;
+  Require(line.substr(begin, line.rfind('=') - begin) == name);
+
+  using Json = nlohmann::json;
+  const Json object = Json::parse(report(Format::Json, false));
+  const Json changes = Json::parse(FormatChangesInJson({change}, makers));
+  try {
+    static_cast<void>(Json(name).dump());
+  } catch (const Json::type_error&) {
+    return;  // not UTF-8
+  }
+  Require(object["name"] == name && changes["name"] == name && changes["from"] == name);
+}
+
+// A network that is taken has addresses in order, and a range that is made of them is the same one.
+void CheckNetwork(const std::string& argument) {
+  try {
+    const Network network = ParseNetwork(argument);
+    const Network range =
+        ParseNetwork(FormatAddress(network.First) + '-' + FormatAddress(network.Last));
+    Require(range.First == network.First && range.Last == network.Last);
+    Require(network.First <= network.Last && network.Name == argument);
+  } catch (const UsageError& error) {
+    RequirePrintable(error.what());
+  }
 }
 
 // A line of the file of `--changes` that is taken can be written again. Random bytes would be no
@@ -109,6 +172,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                    static_cast<std::int8_t>(data[1]));
   hostsweep::CheckAnswer(bytes);
   hostsweep::CheckHost(bytes);
+  hostsweep::CheckReport(bytes);
+  hostsweep::CheckNetwork(bytes);
   hostsweep::CheckSeenLine(bytes.substr(1), static_cast<unsigned char>(bytes[0]) * 2U, data[0]);
   return 0;
 }
