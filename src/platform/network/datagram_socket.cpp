@@ -15,11 +15,11 @@
 namespace hostsweep {
 namespace {
 
-int OpenSocket() {
-  const int socket = ::socket(AF_INET, SOCK_DGRAM, 0);
-  if (socket < 0) ThrowSystemError("socket");
-  fcntl(socket, F_SETFD, FD_CLOEXEC);
-  fcntl(socket, F_SETFL, O_NONBLOCK);
+Descriptor OpenSocket() {
+  Descriptor socket(::socket(AF_INET, SOCK_DGRAM, 0));
+  if (socket.Number() < 0) ThrowSystemError("socket");
+  fcntl(socket.Number(), F_SETFD, FD_CLOEXEC);
+  if (fcntl(socket.Number(), F_SETFL, O_NONBLOCK) != 0) ThrowSystemError("socket");
   return socket;
 }
 
