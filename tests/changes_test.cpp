@@ -99,6 +99,7 @@ std::string Simulated(const std::string& sweeps) {
     }
     comparison.End(isComplete);
     seen = comparison.Seen();
+    std::reverse(seen.begin(), seen.end());  // as in a file that others have put in order
     if (time > 1) result += " | ";
     if (time > 0) result += Joined(comparison.Changes());
   }
