@@ -298,6 +298,7 @@ void CheckSeen(const std::vector<SeenHost>& seen) {
   for (const SeenHost& host : seen) {
     EXPECT_TRUE(keys.emplace(host.Known.Address, host.Known.HardwareAddress).second);
     EXPECT_TRUE(!HasAddress(host) || owned.insert(host.Known.Address).second);
+    EXPECT_TRUE(HasAddress(host) || host.Known.Host != Presence::Up);
     EXPECT_LE(host.FirstSeen, host.LastSeen);
   }
 }

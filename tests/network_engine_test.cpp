@@ -12,6 +12,7 @@
 
 #include "network/engine/address_walk.h"
 #include "network/engine/host_search.h"
+#include "network/engine/target.h"
 #include "network/engine/troubles.h"
 #include "network/plan/address.h"
 #include "network/plan/plan.h"
@@ -126,7 +127,8 @@ TEST(HostSearch, FindsHostsByArp) {
         Missed(120, "unknown not asked")}},
       {"no entry for a moment",
        {Sent(0, "probed"), Missed(20, "probed"), Missed(40, "probed"),
-        Seen(60, Incomplete, 1, "asking", 1), Missed(80, "asking")}},
+        Seen(60, Incomplete, 1, "asking", 1), Missed(80, "asking"), Missed(100, "asking"),
+        Missed(120, "to probe")}},
       {"answer without entry",
        {Sent(0, "probed"), Answered(5, "probed"), Missed(20, "probed"), Missed(40, "probed"),
         Missed(60, "up")}}};
@@ -206,6 +208,34 @@ TEST(HostSearch, ListensBeyondARouterAndNoticesChanges) {
        {Sent(0, "probed"), Changed(100, "to probe", Hearing::Answer), Sent(110, "listening")}}};
   for (const auto& [name, hearing, steps] : rows)
     EXPECT_EQ(Follow(hearing, steps), Expected(steps)) << name;
+}
+
+// An administrator's entry of a silent host is known without a doubt, until the way to it changes.
+TEST(Target, BeginsAnewOnceWhenTheWayChanges) {
+  const Route way = {Route::Kind::Direct, 1, 0};
+  Target target(0x0A000007, way, {true, 1}, false);
+  Neighbour entry;
+  entry.State = Permanent;
+  entry.HardwareAddress = "\x02\x1B\x2C\x4D\x5E\x63";
+  const auto end = [&] {
+    for (int time = 0; time < 3000 && !target.Search().IsDone(); time += 100) {
+      const Kind what = target.WantsProbe() ? Kind::Sent : Kind::Seen;
+      target.Handle({what, &entry, {}, {}}, Begin + milliseconds(time));
+    }
+    EXPECT_TRUE(target.NeedsConfirmation());
+    return target.Result().HardwareAddress;
+  };
+  EXPECT_EQ(end(), "02-1B-2C-4D-5E-63");
+  target.Confirm(way, {true, 2}, Begin);
+  EXPECT_TRUE(target.WantsProbe() && target.Result().HardwareAddress.empty());
+  EXPECT_EQ(end(), "02-1B-2C-4D-5E-63");
+  EXPECT_FALSE(target.IsDone());
+  Target lost = target;
+  target.Confirm(way, {true, 2}, Begin);
+  EXPECT_TRUE(target.IsDone() && target.Troubles().IsEmpty());
+  lost.Confirm(way, {false, 3}, Begin);
+  EXPECT_TRUE(lost.IsDone() && lost.Result().HardwareAddress.empty());
+  EXPECT_FALSE(lost.Troubles().IsEmpty());
 }
 
 TEST(TroubleCounts, SaysHowManyAndGivesTheLowestAsAnExample) {

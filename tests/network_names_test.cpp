@@ -205,6 +205,16 @@ std::string Asked(MulticastDns& names) {
   return text;
 }
 
+TEST(MakeQuery, LeavesOutNamesThatNoMessageCanHave) {
+  const std::string label(63, 'a');
+  const std::string longest = label + '.' + label + '.' + label + '.' + std::string(61, 'a');
+  const std::pair<std::string, bool> rows[] = {
+      {longest, true}, {longest + 'a', false}, {label + 'a', false}, {"a..b", false}};
+  for (const auto& [name, isAsked] : rows) {
+    EXPECT_EQ(MakeQuery({{name, AddressType}}).size(), isAsked ? 12 + name.size() + 6 : 12) << name;
+  }
+}
+
 TEST(MulticastDns, FollowsWhatABrowseLeadsTo) {
   const std::string services = "_services._dns-sd._udp.local";
   const std::string instance = std::string("\x04My P\x05_http\x04_tcp\x05local\0", 23);
