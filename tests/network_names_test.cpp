@@ -256,7 +256,8 @@ TEST(MulticastDns, SetsLimitsToWhatStrangersCause) {
   names.Browse(1);
   std::size_t questions = 0;
   for (int i = 0; i < 1000; ++i) {
-    const std::string kind = "_" + std::to_string(i) + "._tcp.local";
+    const std::string padding(i < 128 ? 0 : 50, 'x');
+    const std::string kind = "_" + padding + std::to_string(i) + "._tcp.local";
     names.Hear(
         1, 1, Message("x").Add("_services._dns-sd._udp.local", PointerType, Encoded(kind)).Bytes());
   }
