@@ -423,6 +423,7 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
       {"\"mdns\"", "null", "name_source"},
       {"mdns", "finger", "name_source"},
       {"00-1A", "00-1G", "hardware_address"},
+      {"00-1A", "G0-1A", "hardware_address"},
       {"00-1A", "00--A", "hardware_address"},
       {"\"00-1A-2B-3C-4D-5E\"", "\"\"", "hardware_address"},
       {"\"00-1A-2B-3C-4D-5E\"", "null", "state"},
