@@ -207,7 +207,7 @@ constexpr Row Doubts[] = {
     {"unknown", "1:A | 1:? | 1:? | 1:- | 1:? | 1:-", " |  |  |  | gone 1:A at 0"},
     {"beyond a router", "1:* | 1:? | 1:? | 1:* 2:* | 1:- 2:- | 1:- 2:- | 2:*",
      " |  | new 2:* |  |  | "},
-    {"a card unseen for a while", "1:A | 1:* | 1:A | 1:- | 1:* | 1:-", " |  |  |  | gone 1:A at 2"},
+    {"a card unseen for a while", "1:A | 1:- | 1:* | 1:- | 1:-", " |  |  | gone 1:A at 2"},
     {"a card seen now", "1:*=da | 1:A=da | 1:- | 1:-", " |  | gone 1:A=a at 1"},
     {"a card seen now, and another name", "1:*=da | 1:A=db", "renamed 1:A=b from a"},
     {"a host without a card where one has gone", "1:A | 1:- | 1:- | 1:* | 1:A | 1:*",

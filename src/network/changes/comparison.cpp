@@ -94,7 +94,7 @@ class Judge {
     const bool isHere = isOwner && IsHere(before_[*place.Same]);
     const bool wasCard = place.Owner && HasCard(before_[*place.Owner]);
     // A card is known here, and what was heard now does not tell whether it is the same card.
-    if (wasCard && finding.HardwareAddress.empty()) return;
+    if (wasCard && finding.HardwareAddress.empty()) return Hear(now_[*place.Owner]);
     const std::optional<Index> origin = isHere ? std::nullopt : OriginOf(finding, place);
     // Nothing tells the host without a card that was here from this host.
     if (!origin && !place.Same && !wasCard) place.Same = place.Owner;
@@ -117,6 +117,14 @@ class Judge {
       return;
     }
     changes_.push_back(std::move(change));
+  }
+
+  // The address was heard, without a card. A card that is known to be elsewhere is not meant.
+  void Hear(SeenHost& owner) const {
+    if (!IsHere(owner)) return;
+    owner.Known.Host = Presence::Up;
+    owner.LastSeen = time_;
+    owner.Whereabouts = State::Here;
   }
 
   // Nothing was heard at the address, which may not mean that nothing is there.
