@@ -177,7 +177,7 @@ constexpr Row Turns[] = {
 constexpr Row Several[] = {
     {"at two addresses", "1:A 2:- | 1:A 2:A | 1:A 2:A", "new 2:A | "},
     {"not at one of them any longer", "1:A 2:A | 1:A 2:- | 1:A 2:- | 1:A 2:- | 1:- 2:- | 1:- 2:-",
-     " |  |  | gone 2:A at 0 | gone 1:A at 3"},
+     " |  |  |  | gone 1:A at 3"},
     {"gone from both, and back at one", "1:A 2:A | 1:- 2:- | 1:- 2:- | 1:A 2:-",
      " | gone 1:A at 0, gone 2:A at 0 | back 1:A at 0"},
     {"one of them changes", "1:A 2:A 3:- | 1:A 2:- 3:A", "moved 3:A from 2"},

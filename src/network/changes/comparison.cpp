@@ -136,9 +136,9 @@ class Judge {
     if (finding.Host != Presence::Absent || !isComplete_ || !HasCard(host)) return;
     if (host.Whereabouts == State::Here) {
       host.Whereabouts = State::Missed;
-    } else if (host.Whereabouts == State::Away) {
+    } else if (host.Whereabouts == State::Away || upCards_.contains(CardOf(host))) {
       host.Whereabouts = State::Left;
-    } else if (!upCards_.contains(CardOf(host))) {
+    } else {
       host.Whereabouts = State::Gone;
       Change change;
       change.What = Change::Kind::Gone;

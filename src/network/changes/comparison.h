@@ -24,7 +24,8 @@ namespace hostsweep {
 //                                 the card is at no address that was swept
 //
 // Cards can take turns at an address: after the first time that is no change. If one of two hosts
-// has no card, nothing tells them apart, and they count as the same host. An address without a
+// has no card, nothing tells them apart, and they count as the same host. A card that leaves one of
+// its addresses, and keeps another, is not called gone there, then or later. An address without a
 // finding was not swept, and keeps what it has. A card that has left such an address for an address
 // that was swept is new there, and is not called gone here later.
 class Comparison {
