@@ -172,7 +172,7 @@ constexpr Row Turns[] = {
     {"replaced, and the other one goes", "1:A | 1:B | 1:- | 1:- | 1:A | 1:- | 1:-",
      "other 1:B was A |  | gone 1:B at 1 |  |  | gone 1:A at 4"},
     {"gone, another one, and back", "1:A | 1:- | 1:- | 1:B | 1:A | 1:B | 1:- | 1:-",
-     " | gone 1:A at 0 | new 1:B | back 1:A at 0 |  |  | gone 1:B at 5"},
+     " | gone 1:A at 0 | new 1:B | back 1:A was B at 0 |  |  | gone 1:B at 5"},
 };
 constexpr Row Several[] = {
     {"at two addresses", "1:A 2:- | 1:A 2:A | 1:A 2:A", "new 2:A | "},
@@ -458,8 +458,9 @@ std::vector<Change> SomeChanges() {
   changes[1].WasCard = "02-00-00-00-00-08";
   changes[2].What = Change::Kind::Renamed;
   changes[2].FromName = "a\x1B";
-  changes[3].What = Change::Kind::Gone;
+  changes[3].What = Change::Kind::Back;
   changes[3].Host.Known = ParseFinding("1:*=n" + std::string(50, 'n'));
+  changes[3].WasCard = changes[1].WasCard;
   changes[4].What = Change::Kind::Renamed;
   return changes;
 }
@@ -478,9 +479,9 @@ TEST(ChangeLines, AreAlignedAndSafeForATerminal) {
                 "renamed  " +
                 host + "-" + gap +
                 "         from a?\n"
-                "gone     0.0.0.1       -                  -                       " +
+                "back     0.0.0.1       -                  -                       " +
                 std::string(50, 'n') +
-                "  last seen 2026-11-24 04:05\n"
+                "  last seen 2026-11-24 04:05, was 02-00-00-00-00-08\n"
                 "renamed  " +
                 host + "-" + gap + "         from -\n");
   EXPECT_EQ(FormatChanges({}, makers), "");
@@ -494,7 +495,6 @@ TEST(ChangeLines, HaveInJsonWhatApplies) {
   std::vector<Change> changes = SomeChanges();
   changes.erase(changes.begin());
   changes[2].Host.Known = changes[0].Host.Known;
-  changes[2].What = Change::Kind::Back;
   EXPECT_EQ(FormatChangesInJson(changes, makers),
             R"({"change":"moved",)" + host +
                 R"(,"from":"10.0.0.8","was":"02-00-00-00-00-08"})"
@@ -505,7 +505,7 @@ TEST(ChangeLines, HaveInJsonWhatApplies) {
                 "\n"
                 R"({"change":"back",)" +
                 host +
-                R"(,"last_seen":"2026-11-24T02:05:09Z"})"
+                R"(,"was":"02-00-00-00-00-08","last_seen":"2026-11-24T02:05:09Z"})"
                 "\n"
                 R"({"change":"renamed",)" +
                 host +

@@ -35,8 +35,10 @@ std::string Before(const Change& change) {
     case Change::Kind::Other:
       return "was " + Cell(change.WasCard);
     case Change::Kind::Gone:
-    case Change::Kind::Back:
-      return "last seen " + FormatLocalTime(change.LastSeen);
+    case Change::Kind::Back: {
+      const std::string time = "last seen " + FormatLocalTime(change.LastSeen);
+      return change.WasCard.empty() ? time : time + ", was " + Cell(change.WasCard);
+    }
     default:
       return {};
   }

@@ -100,8 +100,6 @@ class Judge {
     if (!origin && !place.Same && !wasCard) place.Same = place.Owner;
     Change change;
     const NameNews news = Keep(finding, place, origin, change.Host);
-    if (!isOwner && (origin || !place.Same) && wasCard)
-      change.WasCard = CardOf(before_[*place.Owner]);
     if (origin) {
       change.What = Change::Kind::Moved;
       change.FromAddress = before_[*origin].Known.Address;
@@ -116,6 +114,7 @@ class Judge {
     } else {
       return;
     }
+    if (wasCard && !isOwner) change.WasCard = CardOf(before_[*place.Owner]);
     changes_.push_back(std::move(change));
   }
 
