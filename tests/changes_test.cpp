@@ -170,7 +170,7 @@ constexpr Row Turns[] = {
     {"the replaced one is at another address too", "1:A 2:A 3:- | 1:B 2:A 3:- | 1:B 2:A 3:A",
      "other 1:B was A | new 3:A"},
     {"replaced, and the other one goes", "1:A | 1:B | 1:- | 1:- | 1:A | 1:- | 1:-",
-     "other 1:B was A |  | gone 1:B at 1 |  |  | gone 1:A at 4"},
+     "other 1:B was A |  | gone 1:B at 1 | back 1:A at 0 |  | gone 1:A at 4"},
     {"gone, another one, and back", "1:A | 1:- | 1:- | 1:B | 1:A | 1:B | 1:- | 1:-",
      " | gone 1:A at 0 | new 1:B | back 1:A was B at 0 |  |  | gone 1:B at 5"},
 };
@@ -308,6 +308,7 @@ TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
     Network network(seed);
     std::vector<SeenHost> seen;
     std::set<std::pair<std::uint32_t, std::string>> gone;
+    std::set<std::pair<std::uint32_t, std::string>> had;
     for (int time = 0; time < 60 && !testing::Test::HasFailure(); ++time) {
       bool isComplete = false;
       const std::vector<Finding> findings = network.Sweep(isComplete);
@@ -331,12 +332,16 @@ TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
         } else {
           if (change.What == Change::Kind::Moved) gone.erase({change.FromAddress, key.second});
           const bool wasGone = gone.erase(key) > 0;
-          EXPECT_TRUE(change.What == Change::Kind::Back ? wasGone : true) << Described(change);
-          EXPECT_TRUE(wasGone
-                          ? change.What == Change::Kind::Back || change.What == Change::Kind::Moved
-                          : true)
+          const bool isBack = change.What == Change::Kind::Back;
+          const bool isNew = change.What == Change::Kind::New || change.What == Change::Kind::Other;
+          EXPECT_FALSE(had.contains(key) ? isNew : isBack) << Described(change);
+          EXPECT_TRUE(!wasGone || isBack || change.What == Change::Kind::Moved)
               << Described(change);
         }
+      }
+      for (const Finding& finding : findings) {
+        const bool isCard = !finding.HardwareAddress.empty();
+        if (isCard) had.emplace(finding.Address, finding.HardwareAddress);
       }
       // The same findings again: the second time they can only show who is gone.
       for (const Change& change : compare(2 * time + 1)) {

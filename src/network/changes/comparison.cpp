@@ -105,7 +105,7 @@ class Judge {
       change.FromAddress = before_[*origin].Known.Address;
     } else if (!place.Same) {
       change.What = wasCard ? Change::Kind::Other : Change::Kind::New;
-    } else if (before_[*place.Same].Whereabouts == State::Gone) {
+    } else if (IsBack(before_[*place.Same], wasCard)) {
       change.What = Change::Kind::Back;
       change.LastSeen = before_[*place.Same].LastSeen;
     } else if (place.Same == place.Owner && news == NameNews::Changed) {
@@ -116,6 +116,12 @@ class Judge {
     }
     if (wasCard && !isOwner) change.WasCard = CardOf(before_[*place.Owner]);
     changes_.push_back(std::move(change));
+  }
+
+  // True for a host that was called gone, or whose address had been taken by a card that has left
+  // it since. While that card has the address, the two take turns.
+  static bool IsBack(const SeenHost& host, bool isTaken) {
+    return host.Whereabouts == State::Gone || (host.Whereabouts == State::Replaced && !isTaken);
   }
 
   // The address was heard, without a card. A card that is known to be elsewhere is not meant.

@@ -18,7 +18,9 @@ namespace hostsweep {
 //   another card, not gone        a card that the address never had              Other
 //   nothing, or a card that is    a card, or a host without a card, that the     New
 //   gone                          address never had
-//   this card, called gone        this card                                      Back
+//   this card, called gone, or    this card                                      Back
+//   displaced by a card that
+//   has left or is gone
 //   this card, another name       this card                                      Renamed
 //   this card                     nothing, for the second complete sweep, and    Gone
 //                                 the card is at no address that was swept
