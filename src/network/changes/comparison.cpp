@@ -159,17 +159,38 @@ class Judge {
   std::optional<Index> OriginOf(const Finding& finding, const Place& place) {
     const auto known = ofCard_.find(finding.HardwareAddress);
     if (known == ofCard_.end()) return {};
-    const auto isHere = [&](Index i) { return IsHere(before_[i]); };
-    const bool isAnywhere = std::any_of(known->second.begin(), known->second.end(), isHere);
+    const auto [entry, isFirst] = originsOfCard_.try_emplace(known->first);
+    Origins& origins = entry->second;
+    if (isFirst) origins = OriginsIn(known->second);
     const bool wasLost = place.Same && IsLost(before_[*place.Same]);
-    std::optional<Index> origin;
-    for (const Index i : known->second) {
-      const bool isLast = isAnywhere ? isHere(i) : IsLost(before_[i]) && !wasLost;
-      if (!isLast || !IsAway(before_[i])) continue;
-      if (!origin || IsBetterOrigin(i, *origin)) origin = i;
-    }
-    if (origin) origins_.insert(*origin);
+    if (origins.Latest.empty() || (origins.AreLost && wasLost)) return {};
+    const bool areUsed = origins.Used == origins.Latest.size();
+    const Index origin = origins.Latest[areUsed ? 0 : origins.Used++];
+    origins_.insert(origin);
     return origin;
+  }
+
+  // The hosts, all of one card, whose addresses the card can have come from.
+  struct Origins {
+    std::vector<Index> Latest;  // the one seen last comes first
+    std::size_t Used = 0;       // of these, from the first on
+    bool AreLost = false;
+  };
+
+  // `known`: the hosts of one card.
+  [[nodiscard]] Origins OriginsIn(const std::vector<Index>& known) const {
+    const auto isHere = [&](Index i) { return IsHere(before_[i]); };
+    Origins origins;
+    origins.AreLost = std::none_of(known.begin(), known.end(), isHere);
+    for (const Index i : known) {
+      const bool isLast = origins.AreLost ? IsLost(before_[i]) : isHere(i);
+      if (isLast && IsAway(before_[i])) origins.Latest.push_back(i);
+    }
+    const auto isLater = [&](Index i, Index j) {
+      return before_[i].LastSeen > before_[j].LastSeen;
+    };
+    std::stable_sort(origins.Latest.begin(), origins.Latest.end(), isLater);
+    return origins;
   }
 
   // True if the host was not seen elsewhere after it had been here.
@@ -184,13 +205,6 @@ class Judge {
     const Finding& finding = *found->second;
     if (finding.Host != Presence::Up) return finding.Host == Presence::Absent;
     return !finding.HardwareAddress.empty() && finding.HardwareAddress != CardOf(host);
-  }
-
-  [[nodiscard]] bool IsBetterOrigin(Index candidate, Index than) const {
-    const bool isUsed = origins_.contains(candidate);
-    const bool isOtherUsed = origins_.contains(than);
-    if (isUsed != isOtherUsed) return isOtherUsed;
-    return before_[candidate].LastSeen > before_[than].LastSeen;
   }
 
   // Records the host that is up, and copies it to `kept`. Returns what is new about its name.
@@ -246,6 +260,7 @@ class Judge {
   std::unordered_map<std::string_view, std::vector<Index>> ofCard_;
   std::unordered_map<std::uint32_t, const Finding*> found_;
   std::unordered_set<std::string_view> upCards_;
+  std::unordered_map<std::string_view, Origins> originsOfCard_;
   std::unordered_set<Index> origins_;  // hosts whose cards have moved away
   std::unordered_set<Index> merged_;   // hosts that are now part of another host of the address
   std::vector<Change> changes_;
