@@ -270,7 +270,7 @@ class Network {
     std::vector<Finding> findings;
     const std::uint32_t leftOut = Below(4) == 0 ? Below(Addresses) : Addresses;
     for (std::uint32_t address = 0; address < Addresses; ++address) {
-      const char* const all[] = {"-", "?", "*", "0A", "0B", "0C", "0D", "0E"};
+      const char* const all[] = {"-", "?", "*", "0a", "0b", "0c", "0d", "0e"};
       if (Below(3) == 0) hosts_[address] = all[Below(8)];
       if (address == leftOut) continue;
       const std::string name = std::string("dmn")[Below(3)] + std::string(1, "xy"[Below(2)]);
@@ -401,7 +401,7 @@ TEST(SeenLine, IsReadAsItIsWritten) {
   for (const std::string& line :
        {SeenLine(), SeenLine(R"("gone","looked_up":true)", R"("here","looked_up":false)"),
         SeenLine("nas.lan", R"(B\"\\Büro)"), SeenLine(R"("nas.lan")", R"("")"),
-        SeenLine("false", "null")}) {
+        SeenLine("false", "null"), SeenLine("00-1A-2B-3C-4D-5E", "00:1a")}) {
     EXPECT_EQ(FormatSeenLine(ParseSeenLine(line), makers), line + '\n');
   }
   // With spaces, as another program may write it, and with a maker unknown to this machine.
@@ -418,6 +418,7 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
       {"\"version\":1", "\"version\":0", "version"},
       {"\"version\":1", "\"version\":1.0", "version"},
       {",\"version\":1", "", "has no version"},
+      {"\"version\":1", "\"version\":1,\"up\":true", "has a key twice"},
       {"\"version\":1", "\"version\":1,\"\\u001b\":1", "has an unknown key ?"},
       {"10.0.0.7", "10.0.0.256", "address"},
       {"\"10.0.0.7\"", "null", "address"},
@@ -431,6 +432,9 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
       {"00-1A", "00-1G", "hardware_address"},
       {"00-1A", "G0-1A", "hardware_address"},
       {"00-1A", "00--A", "hardware_address"},
+      {"00-1A", "00-1a", "hardware_address"},
+      {"00-1A", "00:1A", "hardware_address"},
+      {"00-1A-", "", "hardware_address"},
       {"\"00-1A-2B-3C-4D-5E\"", "\"\"", "hardware_address"},
       {"\"00-1A-2B-3C-4D-5E\"", "null", "state"},
       {"false", "0", "up"},

@@ -38,8 +38,17 @@ std::string_view WordFor(State state) {
 // One line as it is read. Each field is taken once, and no field may be left.
 class Reader {
  public:
-  explicit Reader(const std::string& line) : object_(nlohmann::json::parse(line, nullptr, false)) {
+  explicit Reader(const std::string& line) {
+    std::size_t keyCount = 0;
+    const auto countKeys = [&](int depth, nlohmann::json::parse_event_t event,
+                               const auto& /*key*/) {
+      const bool isOwnKey = depth == 1 && event == nlohmann::json::parse_event_t::key;
+      keyCount += isOwnKey ? 1 : 0;
+      return true;
+    };
+    object_ = nlohmann::json::parse(line, countKeys, false);
     if (!object_.is_object()) Refuse("is not a JSON object");
+    if (object_.size() != keyCount) Refuse("has a key twice");
   }
 
   nlohmann::json Take(const char* name) {
@@ -97,12 +106,17 @@ class Reader {
   nlohmann::json object_;
 };
 
-// Digits in groups, as findings have them.
+// Groups of two digits, as findings have them: six like 00-1A-2B-3C-4D-5E, any others like 00:1a.
+// The same card in another form would count as another card.
 bool IsHardwareAddress(std::string_view text) {
   constexpr std::size_t GroupSize = 3;
+  constexpr std::size_t UsualSize = 17;
   if (text.size() % GroupSize != 2) return false;
+  const bool isUsual = text.size() == UsualSize;
+  const std::string_view digits = isUsual ? "0123456789ABCDEF" : "0123456789abcdef";
+  const std::string_view separators = isUsual ? "-" : ":";
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const std::string_view allowed = i % GroupSize == 2 ? "-:" : "0123456789ABCDEFabcdef";
+    const std::string_view allowed = i % GroupSize == 2 ? separators : digits;
     if (allowed.find(text[i]) == std::string_view::npos) return false;
   }
   return true;
