@@ -362,18 +362,19 @@ TEST(Comparison, KeepsItsPromisesInRandomNetworks) {
   }
 }
 
-TEST(Comparison, KeepsWhetherAHostIsUpAndNothingThatSteersATerminal) {
+TEST(Comparison, KeepsWhetherAHostIsUpAndANameThatALineCanHave) {
   std::vector<SeenHost> seen;
   for (const auto& [finding, isUp] :
-       {std::make_pair("1:A=d\x1B[2J", Presence::Up), std::make_pair("1:-", Presence::Absent),
-        std::make_pair("1:?", Presence::Unknown)}) {
+       {std::make_pair("1:A=d\x1B[2J" + std::string(9000, 'n'), Presence::Up),
+        std::make_pair(std::string("1:-"), Presence::Absent),
+        std::make_pair(std::string("1:?"), Presence::Unknown)}) {
     Comparison comparison(seen, At(0));
     comparison.Add(ParseFinding(finding));
     comparison.End(false);
     seen = comparison.Seen();
     ASSERT_EQ(seen.size(), 1U);
     EXPECT_EQ(seen[0].Known.Host, isUp);
-    EXPECT_EQ(seen[0].Known.Name, "?[2J");
+    EXPECT_EQ(seen[0].Known.Name, "?[2J" + std::string(8188, 'n'));
   }
 }
 

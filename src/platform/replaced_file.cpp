@@ -148,7 +148,7 @@ void ReplacedFile::FindDirectory() {
 }
 
 bool ReplacedFile::ReadLine(std::string& line) {
-  constexpr std::size_t LongestPart = 1U << 24U;
+  constexpr std::size_t LongestPart = 1U << 16U;
   line.clear();
   for (;;) {
     const std::size_t end = buffer_.find('\n', read_);

@@ -29,7 +29,7 @@ class ReplacedFile {
   [[nodiscard]] bool IsRegular() const { return isRegular_; }
 
   // Reads the next line, without its line feed. Returns false if no line is left. A line of more
-  // than 16 MiB comes in parts.
+  // than 64 KiB comes in parts.
   bool ReadLine(std::string& line);
 
   // Gives the file this content, with the permissions, and where the system allows it the owner and

@@ -12,6 +12,7 @@
 
 #include "network/changes/name_news.h"
 #include "platform/text/printable.h"
+#include "platform/text/text_operations.h"
 
 namespace hostsweep {
 namespace {
@@ -24,6 +25,13 @@ bool IsBefore(const SeenHost& left, const SeenHost& right) {
 }
 
 const std::string& CardOf(const SeenHost& host) { return host.Known.HardwareAddress; }
+
+// The name as a line of the file can have it: `ParseSeenLine` refuses characters that cannot be
+// printed, and a line of more than 64 KiB is not read as one.
+std::string KeptName(const std::string& name) {
+  constexpr std::int64_t LongestName = 8192;  // characters
+  return Left(Printable(name), LongestName).Bytes();
+}
 
 bool HasCard(const SeenHost& host) { return !CardOf(host).empty(); }
 
@@ -282,9 +290,8 @@ void Comparison::Add(const Finding& finding) {
   if (!isUp && !isKnown) return;
   if (isUp) ++upCount_;
   findings_.push_back(finding);
-  // `ParseSeenLine` refuses other names.
   Finding& added = findings_.back();
-  if (added.Name) added.Name = Printable(*added.Name);
+  if (added.Name) added.Name = KeptName(*added.Name);
 }
 
 void Comparison::End(bool isComplete) {
