@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/access_list.h"
 #include "platform/system_call.h"
 #include "platform/text/printable.h"
 
@@ -60,19 +61,19 @@ bool WriteAll(int file, std::string_view text) {
 }
 
 // Gives a file the permissions of another one, and its owner and group if that is allowed, or its
-// group alone.
+// group alone. A file of another group gives that group no more than everybody else.
 bool CopyPermissions(int from, int to) {
   struct stat old = {};
   struct stat now = {};
   if (fstat(from, &old) != 0 || fstat(to, &now) != 0) return false;
   constexpr auto SameOwner = static_cast<uid_t>(-1);
   const bool isSame = old.st_uid == now.st_uid && old.st_gid == now.st_gid;
-  if (!isSame && fchown(to, old.st_uid, old.st_gid) != 0 &&
-      fchown(to, SameOwner, old.st_gid) != 0) {
-    // The new file stays this user's.
-  }
-  constexpr mode_t Permissions = 07777;
-  return fchmod(to, old.st_mode & Permissions) == 0;
+  const bool isOfGroup =
+      isSame || fchown(to, old.st_uid, old.st_gid) == 0 || fchown(to, SameOwner, old.st_gid) == 0;
+  constexpr unsigned Permissions = 07777;
+  unsigned mode = old.st_mode & Permissions;
+  if (!isOfGroup) mode &= ~unsigned{S_IRWXG} | (mode & S_IRWXO) << 3U;
+  return CopyAccessList(from, to) && fchmod(to, static_cast<mode_t>(mode)) == 0;
 }
 
 }  // namespace
@@ -173,9 +174,9 @@ bool ReplacedFile::ReadLine(std::string& line) {
 void ReplacedFile::Replace(const std::string& content) {
   const int directory = directory_->Number();
   TemporaryFile next(directory, temporaryName_.c_str());
-  const bool isWritten = next.Number() >= 0 && WriteAll(next.Number(), content) &&
-                         CopyPermissions(file_->Number(), next.Number()) &&
-                         fsync(next.Number()) == 0 &&
+  // The permissions come first: the new file can have inherited other ones from its directory.
+  const bool isWritten = next.Number() >= 0 && CopyPermissions(file_->Number(), next.Number()) &&
+                         WriteAll(next.Number(), content) && fsync(next.Number()) == 0 &&
                          renameat(directory, temporaryName_.c_str(), directory, name_.c_str()) == 0;
   if (!isWritten) Fail("cannot be replaced");
   next.Keep();

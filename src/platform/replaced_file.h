@@ -32,9 +32,10 @@ class ReplacedFile {
   // than 64 KiB comes in parts.
   bool ReadLine(std::string& line);
 
-  // Gives the file this content, with the permissions, and where the system allows it the owner and
-  // the group, that it had. On an error, or when power fails, it has the old content or the new
-  // one.
+  // Gives the file this content, with the permissions and the access control list, and where the
+  // system allows it the owner and the group, that it had; if the group cannot stay, the new one
+  // may do no more than everybody else. On an error, or when power fails, it has the old content or
+  // the new one.
   void Replace(const std::string& content);
 
  private:
