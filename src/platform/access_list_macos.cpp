@@ -1,5 +1,3 @@
-#include <sys/types.h>
-// After the types that it needs.
 #include <sys/acl.h>
 
 #include <cerrno>

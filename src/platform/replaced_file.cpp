@@ -76,6 +76,18 @@ bool CopyPermissions(int from, int to) {
   return CopyAccessList(from, to) && fchmod(to, static_cast<mode_t>(mode)) == 0;
 }
 
+// False, with errno set, for a file of another user in a sticky directory of another user: only
+// root may replace it.
+bool MayReplace(int directory, int file) {
+  struct stat place = {};
+  struct stat old = {};
+  if (fstat(directory, &place) != 0 || fstat(file, &old) != 0) return false;
+  const uid_t user = geteuid();
+  const bool isSticky = (place.st_mode & S_ISVTX) != 0;
+  errno = EPERM;
+  return !isSticky || user == 0 || user == place.st_uid || user == old.st_uid;
+}
+
 }  // namespace
 
 ReplacedFile::ReplacedFile(std::string path) : path_(std::move(path)) {
@@ -146,6 +158,7 @@ void ReplacedFile::FindDirectory() {
   if (number < 0) Fail("its directory cannot be opened");
   directory_.emplace(number);
   if (faccessat(number, ".", W_OK | X_OK, 0) != 0) Fail("its directory cannot be written");
+  if (!MayReplace(number, file_->Number())) Fail("cannot be replaced");
 }
 
 bool ReplacedFile::ReadLine(std::string& line) {

@@ -17,7 +17,8 @@ namespace hostsweep {
 class ReplacedFile {
  public:
   // Opens the file, once no other object has it, or creates it empty. Throws also if it is known
-  // already that it cannot be replaced: it or its directory cannot be written.
+  // already that it cannot be replaced: it or its directory cannot be written, or it is another
+  // user's in another user's sticky directory.
   explicit ReplacedFile(std::string path);
   ReplacedFile(const ReplacedFile&) = delete;
   ReplacedFile& operator=(const ReplacedFile&) = delete;
