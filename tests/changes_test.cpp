@@ -1,11 +1,15 @@
 // src/network/changes: what counts as a change, what is kept, and the file in which it is kept.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
 #include <map>
+#include <optional>
 #include <random>
 #include <set>
 #include <sstream>
@@ -23,6 +27,7 @@
 #include "network/changes/seen_line.h"
 #include "network/engine/finding.h"
 #include "network/report/makers.h"
+#include "platform/replaced_file.h"
 
 namespace hostsweep {
 namespace {
@@ -453,6 +458,22 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
     const std::string wrong = "has a wrong value for " + what;
     const std::string refusal = Refusal(SeenLine(from, to));
     EXPECT_TRUE(refusal == what || refusal == wrong) << to << ": " << refusal;
+  }
+}
+
+TEST(ReplacedFile, LeavesAnotherFileThatHasTakenItsPlace) {
+  const std::string path = testing::TempDir() + "replaced-" + std::to_string(getpid());
+  for (const std::string& old : {std::string(), std::string("old")}) {
+    if (!old.empty()) std::ofstream(path) << old;
+    std::optional<ReplacedFile> file(path);
+    std::ofstream(path + ".other") << "other";
+    std::rename((path + ".other").c_str(), path.c_str());
+    EXPECT_THROW(file->Replace("new"), std::runtime_error);
+    file.reset();
+    std::string content;
+    std::ifstream(path) >> content;
+    EXPECT_EQ(content, "other");
+    std::remove(path.c_str());
   }
 }
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -97,7 +98,7 @@ ReplacedFile::ReplacedFile(std::string path) : path_(std::move(path)) {
 }
 
 ReplacedFile::~ReplacedFile() {
-  if (isBegun_ && directory_) unlinkat(directory_->Number(), name_.c_str(), 0);
+  if (isBegun_ && directory_ && IsInPlace()) unlinkat(directory_->Number(), name_.c_str(), 0);
 }
 
 void ReplacedFile::Fail(const char* what) const {
@@ -125,7 +126,8 @@ bool ReplacedFile::Open() {
   file_.emplace(file);
   Lock();
   if (fstat(file, &status) != 0) Fail("cannot be read");
-  if (IdentifyFile(path_) != FileId(status.st_dev, status.st_ino)) {
+  id_.emplace(status.st_dev, status.st_ino);
+  if (!IsInPlace()) {
     file_.reset();
     return false;
   }
@@ -189,9 +191,14 @@ void ReplacedFile::Replace(const std::string& content) {
   TemporaryFile next(directory, temporaryName_.c_str());
   // The permissions come first: the new file can have inherited other ones from its directory.
   const bool isWritten = next.Number() >= 0 && CopyPermissions(file_->Number(), next.Number()) &&
-                         WriteAll(next.Number(), content) && fsync(next.Number()) == 0 &&
-                         renameat(directory, temporaryName_.c_str(), directory, name_.c_str()) == 0;
+                         WriteAll(next.Number(), content) && fsync(next.Number()) == 0;
   if (!isWritten) Fail("cannot be replaced");
+  if (!IsInPlace()) {
+    throw std::runtime_error(Printable(path_) + ": has been replaced or removed meanwhile");
+  }
+  if (renameat(directory, temporaryName_.c_str(), directory, name_.c_str()) != 0) {
+    Fail("cannot be replaced");
+  }
   next.Keep();
   isBegun_ = false;
   // Some file systems have no such request for directories.

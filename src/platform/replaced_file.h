@@ -22,7 +22,7 @@ class ReplacedFile {
   explicit ReplacedFile(std::string path);
   ReplacedFile(const ReplacedFile&) = delete;
   ReplacedFile& operator=(const ReplacedFile&) = delete;
-  // Removes a file that the object has created and not replaced.
+  // Removes a file that the object has created and not replaced, if the path still leads to it.
   ~ReplacedFile();
 
   // False for a directory, a device and everything else that is not a regular file. Such a file is
@@ -36,19 +36,22 @@ class ReplacedFile {
   // Gives the file this content, with the permissions and the access control list, and where the
   // system allows it the owner and the group, that it had; if the group cannot stay, the new one
   // may do no more than everybody else. On an error, or when power fails, it has the old content or
-  // the new one.
+  // the new one. Throws `std::runtime_error` if the path no longer leads to the file that was
+  // opened; what it leads to now stays.
   void Replace(const std::string& content);
 
  private:
   bool Open();
   void Lock() const;
   void FindDirectory();
+  [[nodiscard]] bool IsInPlace() const { return IdentifyFile(path_) == id_; }
   [[noreturn]] void Fail(const char* what) const;
 
   std::string path_;
   bool isRegular_ = true;
   bool isBegun_ = false;                 // created by this object, and not yet replaced
   std::optional<Descriptor> file_;       // locked
+  std::optional<FileId> id_;             // of the locked file
   std::optional<Descriptor> directory_;  // the directory that holds the file, not a link to it
   std::string name_;                     // of the file in that directory
   std::string temporaryName_;            // of the file's next content, in the same directory

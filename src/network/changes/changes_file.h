@@ -29,7 +29,8 @@ class ChangesFile {
   std::string End(bool isComplete);
 
   // Replaces the file. To be called after `End`, when its report has been written: changes that are
-  // kept are not reported again. Throws `std::system_error` if the file cannot be replaced.
+  // kept are not reported again. Throws `std::system_error` if the file cannot be replaced, and
+  // `std::runtime_error` if it has been replaced or removed by others.
   void Keep();
 
   // If the file has been begun, a sentence that says with how many hosts; else empty.
