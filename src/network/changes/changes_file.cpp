@@ -48,7 +48,9 @@ ChangesFile::ChangesFile(const Options& options)
       isInJson_(options.ReportFormat == Format::Json),
       usesNames_(options.UsesNames),
       file_(path_),
-      comparison_(ReadHosts(), Now()) {}
+      comparison_(ReadHosts(), Now()) {
+  makers_.Source();  // reads the list: if it cannot be read, no sweep is to be lost
+}
 
 std::vector<SeenHost> ChangesFile::ReadHosts() {
   if (!file_.IsRegular()) throw UsageError(path_, "not a regular file");

@@ -18,7 +18,7 @@ class ChangesFile {
  public:
   // Reads the file that the options name. A file that does not exist, or is empty, is begun. Throws
   // `UsageError` if it is not such a file, or is of a later version, and `std::system_error` if it
-  // cannot be read, or is known not to be writable.
+  // cannot be read, or is known not to be writable, or if a list of makers cannot be read.
   explicit ChangesFile(const Options& options);
 
   // Adds the next finding of the sweep.
