@@ -9,7 +9,6 @@
 #include <ctime>
 #include <fstream>
 #include <map>
-#include <optional>
 #include <random>
 #include <set>
 #include <sstream>
@@ -131,8 +130,6 @@ constexpr Row Lives[] = {
     {"comes back", "1:A | 1:- | 1:- | 1:A | 1:A", " | gone 1:A at 0 | back 1:A at 0 | "},
     {"comes back with another name", "1:A=da | 1:- | 1:- | 1:A=db | 1:A=db",
      " | gone 1:A=a at 0 | back 1:A=b at 0 | "},
-    {"goes again", "1:A | 1:- | 1:- | 1:A | 1:- | 1:-",
-     " | gone 1:A at 0 | back 1:A at 0 |  | gone 1:A at 3"},
     {"another comes where one has gone", "1:A | 1:- | 1:- | 1:B", " | gone 1:A at 0 | new 1:B"},
     {"an order", "3:A 1:B 2:- | 3:- 1:C 2:D | 3:- 1:C 2:D",
      "other 1:C was B, new 2:D | gone 3:A at 0"},
@@ -154,8 +151,6 @@ constexpr Row Moves[] = {
     {"from a card called gone", "1:A 2:B | 1:A 2:- | 1:A 2:- | 1:- 2:A",
      " | gone 2:B at 0 | moved 2:A from 1"},
     {"swap", "1:A 2:B | 1:B 2:A | 1:B 2:A", "moved 1:B from 2 was A, moved 2:A from 1 was B | "},
-    {"a ring", "1:A 2:B 3:C | 1:C 2:A 3:B",
-     "moved 1:C from 3 was A, moved 2:A from 1 was B, moved 3:B from 2 was C"},
     {"not sure that it has left", "1:A 2:- | 1:? 2:A ... | 1:- 2:A | 1:- 2:A", "new 2:A |  | "},
     {"without names that are its address's", "1:A=dold 2:- | 1:- 2:A=!", "moved 2:A from 1"},
     {"with its own name", "1:A=mown 2:- | 1:- 2:A", "moved 2:A=own from 1"},
@@ -189,8 +184,6 @@ constexpr Row Several[] = {
     {"both change, and one is added", "1:A 2:A 3:- | 1:- 2:A 3:- | 1:- 2:- 3:A 4:A 5:A",
      " | moved 3:A from 2, moved 4:A from 1, moved 5:A from 2"},
     {"one becomes two", "1:A 2:- 3:- | 1:- 2:A 3:A", "moved 2:A from 1, moved 3:A from 1"},
-    {"answers for others", "1:A 2:B 3:C | 1:A 2:A 3:A | 1:A 2:B 3:C | 1:A 2:A 3:A",
-     "other 2:A was B, other 3:A was C |  | "},
 };
 constexpr Row Networks[] = {
     {"not swept now", "1:A 2:B | 2:B | 2:B | 2:B | 1:- 2:B | 1:- 2:B", " |  |  |  | gone 1:A at 0"},
@@ -432,7 +425,6 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
       {"\"nas.lan\"", "null", "name_source"},
       {"nas.lan", "nas\\u001b[2J", "name"},
       {"nas.lan", "nas\x80", "is not a JSON object"},
-      {"nas.lan", "nas\\u202e", "name"},
       {"\"mdns\"", "null", "name_source"},
       {"mdns", "finger", "name_source"},
       {"00-1A", "00-1G", "hardware_address"},
@@ -446,7 +438,6 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
       {"false", "0", "up"},
       {"2026-02-28", "2026-02-29", "first_seen"},
       {"23:59:59", "23:59:60", "first_seen"},
-      {"23:59:59", "24:00:00", "first_seen"},
       {"2026", "1969", "first_seen"},
       {"2027-01-02T", "2027-01-02 ", "last_seen"},
       {"2027", "12027", "last_seen"},
@@ -463,18 +454,16 @@ TEST(SeenLine, IsRefusedIfNoSweepWritesIt) {
 
 TEST(ReplacedFile, LeavesAnotherFileThatHasTakenItsPlace) {
   const std::string path = testing::TempDir() + "replaced-" + std::to_string(getpid());
-  for (const std::string& old : {std::string(), std::string("old")}) {
-    if (!old.empty()) std::ofstream(path) << old;
-    std::optional<ReplacedFile> file(path);
+  {
+    ReplacedFile file(path);
     std::ofstream(path + ".other") << "other";
     std::rename((path + ".other").c_str(), path.c_str());
-    EXPECT_THROW(file->Replace("new"), std::runtime_error);
-    file.reset();
-    std::string content;
-    std::ifstream(path) >> content;
-    EXPECT_EQ(content, "other");
-    std::remove(path.c_str());
+    EXPECT_THROW(file.Replace("new"), std::runtime_error);
   }
+  std::string line;
+  ReplacedFile(path).ReadLine(line);
+  EXPECT_EQ(line, "other");
+  std::remove(path.c_str());
 }
 
 std::vector<Change> SomeChanges() {
