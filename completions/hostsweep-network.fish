@@ -3,7 +3,7 @@
 function __hostsweep_network_devices
     if test -d /sys/class/net
         string replace -r '.*/(.+)/$' '$1' -- /sys/class/net/*/
-    else
+    else if command -q ifconfig
         ifconfig -l 2>/dev/null | string split ' '
     end
 end

@@ -131,10 +131,10 @@ void Sweeper::BeginAddress() {
     if (owner != nullptr) target.SetHardwareAddress(owner->HardwareAddress);
   }
   if (target.WantsProbe()) toProbe_.push_back(key);
-  if (target.IsSkipped()) {
-    Settle(key);
-  } else if (names_) {
+  if (names_ && !target.IsSkipped()) {
     names_->LookUp(key, address);
+  } else {
+    Settle(key);  // nothing may be left to find out
   }
 }
 
