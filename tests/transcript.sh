@@ -1,6 +1,6 @@
 # shellcheck shell=sh
-# For the test scripts to read in: they print a transcript of commands, which has to be the same as
-# the file beside the script that ends in ".expected" instead of "_test".
+# For the test scripts to read in: a directory to work in, and functions to print a transcript of
+# commands and to compare it with the file beside the script that ends in ".expected", not "_test".
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

@@ -102,15 +102,15 @@ class Session {
       if (error.code() != std::errc::broken_pipe) throw;
       return false;
     }
-    // The line is not drawn between the parts of a longer one.
+    // The progress line would split a line of the report that is written only in part.
     if (pending.Size() == 0) progress_.Show(sweeper_.DoneCount(), now);
     return true;
   }
 
   // Waits for the next event. Returns false if the reader of standard output is gone.
   bool Wait(Clock::time_point now) {
-    // Only a pipe can lose its reader, and macOS's poll(2) knows no terminals: one that is full is
-    // looked at again later.
+    // Only a pipe can lose its reader. macOS's poll(2) knows no terminals, so a full terminal is
+    // tried again later.
     constexpr milliseconds TerminalInterval(20);
     const bool isPipe = KindOf(StandardOutput) == FileKind::Pipe;
     const bool hasOutput = report_.Pending().Size() > 0;

@@ -17,7 +17,7 @@ struct SessionEnd {
   bool IsReaderGone = false;  // the reader of standard output is gone, and nothing else counts
   std::string Summary;        // a line for a user at a terminal; empty without one
   std::vector<std::string> Reasons;  // sentences that say why the sweep is incomplete
-  std::optional<std::string> Hint;   // a sentence on what a table has not shown
+  std::optional<std::string> Hint;   // for a table of nothing but this machine and its gateway
 };
 
 // Sweeps as planned, reports on standard output, and shows the progress on standard error if that

@@ -13,8 +13,7 @@ namespace hostsweep {
 // its end, so no child outlives its owner.
 //
 // `command` is the program's path followed by its arguments. The program gets this process's
-// environment. Starting throws `std::system_error` if
-// the system cannot do it.
+// environment. Starting throws `std::system_error` if the system cannot do it.
 class ChildProcess {
  public:
   // Starts a program with this standard output. Its standard input is empty, and its standard error

@@ -1,4 +1,4 @@
-// Files and directories by what they are, however their paths are spelled.
+// What the system knows of a file: which it is, when it was changed, and whether it can be run.
 #pragma once
 
 #include <sys/types.h>

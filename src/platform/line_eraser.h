@@ -5,8 +5,8 @@
 
 namespace hostsweep {
 
-// As long as the object exists, each signal by which users and terminals terminate a program, if it
-// is not ignored, first overwrites the line with spaces. At most one object may exist at a time.
+// While the object exists, SIGHUP, SIGINT, SIGQUIT and SIGTERM, unless they are ignored, erase the
+// line before they end the program. At most one object may exist at a time.
 class LineEraser {
  public:
   LineEraser();

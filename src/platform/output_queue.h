@@ -1,4 +1,4 @@
-// Standard output, written without waiting for its reader.
+// Standard output, as much at a time as it takes.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +15,9 @@ class OutputQueue {
   // The number of bytes that it has yet to take.
   [[nodiscard]] std::size_t Size() const { return text_.size() - written_; }
 
-  // Writes as much as standard output takes without waiting, in pieces of whole lines where a line
-  // is not longer than what a pipe takes in one piece. Throws `std::system_error` if it cannot be
+  // Writes as much as standard output takes, to a pipe without waiting, in pieces of whole lines
+  // where a line is not longer than what a pipe takes in one piece. A terminal that has room for
+  // part of a piece can wait for the rest. Throws `std::system_error` if it cannot be
   // written: with EPIPE if its reader is gone.
   void Write();
 

@@ -21,8 +21,9 @@ Pipe OpenPipe();
 // How an attempt to read ended: with data, at the end of the pipe, or without either in time.
 enum class ReadResult { Data, End, Timeout };
 
-// Waits until the pipe can be read, at most that long, 0 or more, and then appends all that it
-// holds to `output`. Throws `std::system_error` if waiting or reading fails.
+// Waits until the pipe can be read, at most that long, not counting what comes before a signal, and
+// then appends all that it holds to `output`. `time` is not negative. Throws `std::system_error` if
+// waiting or reading fails.
 ReadResult ReadWithin(std::chrono::milliseconds time, const Descriptor& reader,
                       std::string& output);
 

@@ -11,7 +11,8 @@ namespace hostsweep {
 std::string OtherArp();
 
 // Prints the entry for an IPv4 address in the words of arp(8) on macOS, or has arp(8) print it.
-// Returns the exit status: 0, or 1 if there is no entry or it cannot be printed.
+// Returns the exit status: on Linux 0, or 1 if there is no entry or it cannot be printed; on macOS
+// that of arp(8), or as sh(1) reports that it could not be run.
 int PrintArpEntry(const std::string& address);
 
 }  // namespace hostsweep

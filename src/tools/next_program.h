@@ -7,9 +7,9 @@
 
 namespace hostsweep {
 
-// The path of the first program of this name after the running tool on the search path: in the
-// directories that come after the last directory in which the name leads to `self`, the tool's own
-// file; in all directories if the name leads there in none of them. Empty if there is no such
+// The path of the first program of this name after the running tool on the search path: only the
+// directories after the last directory in which the name leads to `self`, the tool's own file,
+// count, or all directories if there is no such directory. Empty if there is no such
 // program, or if `self` is empty, since the tool could then find itself.
 //
 // So programs that each run the next program of their own name never run each other in turn, even

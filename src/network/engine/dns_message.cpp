@@ -87,7 +87,13 @@ class MessageReader {
   // c-ares leaves a space as it is, where host(1) writes its number.
   static std::string WithoutSpaces(const char* name) {
     std::string text;
-    for (; *name != '\0'; ++name) *name == ' ' ? text += "\\032" : text += *name;
+    for (; *name != '\0'; ++name) {
+      if (*name == ' ') {
+        text += "\\032";
+      } else {
+        text += *name;
+      }
+    }
     return text;
   }
 

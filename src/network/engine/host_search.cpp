@@ -43,8 +43,8 @@ bool IsFixed(NeighbourState state) {
 void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
   if (state_ == State::Up) return;
   if (event.What == SearchEvent::Kind::Changed) {
-    hasChanged_ ? Doubtful(Doubt::Changed) : Begin(event.How);
-    return;
+    if (hasChanged_) return EndInDoubt(Doubt::Changed);
+    return Begin(event.How);
   }
   if (IsDone()) return;
   switch (event.What) {
@@ -63,7 +63,7 @@ void HostSearch::Handle(const SearchEvent& event, Clock::time_point now) {
       if (state_ != State::ToProbe) Look(event.Entry, now);
       break;
     default:
-      Doubtful(event.Reason);
+      EndInDoubt(event.Reason);
       break;
   }
 }
@@ -72,7 +72,7 @@ void HostSearch::Look(const Neighbour* entry, Clock::time_point now) {
   See(entry, now);
   // What the table says comes first, since the program may have been stopped for long.
   const bool isPending = !IsDone() && state_ != State::ToProbe;
-  if (isPending && now - probe_ > LongestVerdict) Doubtful(Doubt::TooLong);
+  if (isPending && now - probe_ > LongestVerdict) EndInDoubt(Doubt::TooLong);
 }
 
 void HostSearch::See(const Neighbour* entry, Clock::time_point now) {
@@ -146,7 +146,7 @@ void HostSearch::SeeNothing(Clock::time_point now) {
   if (isHeard_) {
     state_ = State::Up;
   } else if (wasMissed_) {
-    Doubtful(Doubt::NotAsked);
+    EndInDoubt(Doubt::NotAsked);
   } else {
     wasMissed_ = true;
     ProbeAnew();
@@ -166,9 +166,9 @@ void HostSearch::Listen(const Neighbour* gateway, Clock::time_point now) {
   if (now - probe_ < LastProbeTime) return;
   const NeighbourState state = gateway == nullptr ? NeighbourState::NoArp : gateway->State;
   if (state == NeighbourState::Incomplete || state == NeighbourState::Failed) {
-    Doubtful(Doubt::GatewaySilent);
+    EndInDoubt(Doubt::GatewaySilent);
   } else if (state != NeighbourState::Delay && state != NeighbourState::Probe) {
-    Doubtful(Doubt::None);
+    EndInDoubt(Doubt::None);
   }
 }
 
@@ -177,7 +177,7 @@ void HostSearch::Listen(const Neighbour* gateway, Clock::time_point now) {
 void HostSearch::EndSilence() { state_ = isHeard_ ? State::Up : State::Absent; }
 
 void HostSearch::ProbeAnew() {
-  if (probes_ == MostProbes) return Doubtful(Doubt::TooLong);
+  if (probes_ == MostProbes) return EndInDoubt(Doubt::TooLong);
   state_ = State::ToProbe;
   wasIdle_ = true;
 }
@@ -187,7 +187,7 @@ void HostSearch::Begin(Hearing hearing) {
   hasChanged_ = true;
 }
 
-void HostSearch::Doubtful(Doubt reason) {
+void HostSearch::EndInDoubt(Doubt reason) {
   state_ = State::Unknown;
   reason_ = reason;
 }

@@ -80,7 +80,7 @@ class HostSearch {
   void EndSilence();
   void ProbeAnew();
   void Begin(Hearing hearing);
-  void Doubtful(Doubt reason);
+  void EndInDoubt(Doubt reason);
   [[nodiscard]] bool IsAsking() const;
   [[nodiscard]] bool IsSinceProbe(Clock::time_point time) const;
 

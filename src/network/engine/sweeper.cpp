@@ -21,8 +21,8 @@ constexpr milliseconds BatchTime(5);
 constexpr milliseconds RetryTime(20);
 constexpr std::chrono::minutes LongestWait(2);
 
-// The ARP cache is read at the longest interval, or, while news is expected, as often as takes
-// about a hundredth of the time.
+// The ARP cache is read at the longest interval, or, while news is expected, so often that reading
+// takes about a hundredth of the time.
 constexpr milliseconds ShortestLookInterval(10);
 constexpr milliseconds LongestLookInterval(100);
 constexpr int LookShare = 100;

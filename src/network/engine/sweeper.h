@@ -30,8 +30,8 @@ namespace hostsweep {
 class Sweeper {
  public:
   // At most `jobs` addresses are swept at a time, not counting hosts that are only asked for their
-  // names. Without `usesNames` nobody is asked for names.
-  // The other objects must outlive this one.
+  // names. Without `usesNames` nobody is asked for names. `networks` and `stack` must outlive the
+  // sweeper.
   Sweeper(const std::vector<Network>& networks, std::size_t jobs, bool usesNames,
           NetworkStack& stack);
 

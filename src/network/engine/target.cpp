@@ -109,6 +109,7 @@ void Target::Confirm(const Route& way, const LinkState& link, Clock::time_point 
     isConfirmed_ = true;
     return;
   }
+  // A second change ends the search: a way that is lost makes two of this one.
   if (isLost) search_.Handle({SearchEvent::Kind::Changed, nullptr, {}, HearingOf(way)}, now);
   search_.Handle({SearchEvent::Kind::Changed, nullptr, {}, HearingOf(way)}, now);
   isConfirmed_ = search_.IsDone();

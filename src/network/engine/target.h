@@ -42,7 +42,8 @@ class Target {
   void Handle(const SearchEvent& event, Clock::time_point now);
 
   // Takes the way and the link as they are now. If they have changed since the probe, and that
-  // makes a difference to what has been found, the search begins anew, once.
+  // makes a difference to what has been found, the search begins anew, once; it ends if no host can
+  // be reached any more.
   void Confirm(const Route& way, const LinkState& link, Clock::time_point now);
 
   // True if `Confirm` has to be called before the search is taken to be over.

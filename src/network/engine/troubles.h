@@ -26,7 +26,7 @@ enum class Trouble : std::uint8_t {
   LinkDown,       // the device has no link; the address was not swept
   NoRoute,        // there is no route to the address, which was not swept
 };
-constexpr std::size_t TroubleCount = 14;
+constexpr auto TroubleCount = static_cast<std::size_t>(Trouble::NoRoute) + 1;
 
 // The troubles of one address, each at most once.
 class TroubleSet {

@@ -17,7 +17,7 @@ constexpr int NoOption = 1;  // an argument that is not an option
 constexpr int FreeOption = 0x100;
 constexpr int ChangesOption = 0x101;
 
-// In this order, and with a last element of zeros, as getopt_long(3) wants them.
+// getopt_long(3) wants a last element of zeros.
 constexpr std::array<option, 10> LongOptions = {
     {{"up", no_argument, nullptr, 'u'},
      {"free", no_argument, nullptr, FreeOption},

@@ -76,7 +76,8 @@ class ReachFinder {
     }
   }
 
-  // Asks for the way to every address, since parts of a network can lead elsewhere.
+  // Asks address by address, since parts of a network can lead elsewhere, up to the first address
+  // that decides everything.
   Ways WaysTo(const Network& network) {
     Ways ways;
     for (std::uint64_t address = network.First; address <= network.Last; ++address) {

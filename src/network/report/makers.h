@@ -10,9 +10,9 @@
 
 namespace hostsweep {
 
-// The list is read when it is first needed: the first of these that has any blocks, and is newer
-// than the program's own, which is read if there is no such list, and after a list that has 24-bit
-// blocks only.
+// A list is read when it is first needed: the first list of these that is newer than the program's
+// own and has any blocks, or else the program's own. Where a list has 24-bit blocks only, the
+// program's own is read after it.
 //   /usr/share/ieee-data      oui.txt, mam.txt, oui36.txt, iab.txt: as IEEE publishes them (Debian)
 //   /usr/share/hwdata         oui.txt: the same, of 24-bit blocks only (Fedora, Arch)
 //   /usr/share/nmap, /usr/local/share/nmap, /opt/homebrew/share/nmap
@@ -31,9 +31,9 @@ class Makers {
       : root_(std::move(root)), ownList_(std::move(ownList)) {}
 
   // The maker of the card with this hardware address, which has the form 00-1A-2B-3C-4D-5E: the
-  // holder of the smallest block that the address is in. If its bit is set that says that it was
-  // administered locally, "(virtual machine)" or "(container)" for the addresses that well-known
-  // software makes up for these, and "(locally administered)" for others. Empty without a list, for
+  // holder of the smallest block that the address is in. For a locally administered address:
+  // "(virtual machine)" or "(container)" if well-known software makes up such addresses for these,
+  // else "(locally administered)". Empty without a list, for
   // an unknown maker, and for any other form. The bytes are those of the list. Throws
   // `std::system_error`, which names the file, if a list is there and cannot be read.
   std::string MakerOf(const std::string& hardwareAddress);

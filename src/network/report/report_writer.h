@@ -26,12 +26,12 @@ class ReportWriter {
 
   void Add(const Finding& finding);
 
-  // Ends the report. One of the free addresses begins only now, and is empty unless every address
-  // was swept completely: before that none is known to be free.
+  // Ends the report. A report of free addresses begins only now, and is empty unless every address
+  // was swept completely: until then no address is known to be free.
   void End(bool isComplete);
 
-  // Adds the next part of the free addresses to a `Pending` that is empty. Returns false if there
-  // is none left.
+  // Adds the next part of the free addresses to an empty `Pending`. Returns false if no part is
+  // left.
   bool AddFree();
 
   // The text that standard output has yet to take.
@@ -49,8 +49,8 @@ class ReportWriter {
   std::unique_ptr<Formatter> formatter_;
   OutputQueue pending_;
   std::vector<std::uint32_t> free_;
-  std::size_t freeCount_ = 0;         // of those that have been added
-  std::optional<AddressWalk> toAdd_;  // the addresses from which they are taken
+  std::size_t freeCount_ = 0;         // free addresses already added
+  std::optional<AddressWalk> toAdd_;  // the addresses swept, in order
   std::uint64_t count_ = 0;
   std::uint64_t upCount_ = 0;
   std::uint64_t namedCount_ = 0;

@@ -5,7 +5,6 @@
 #include <net/if.h>
 #include <sys/socket.h>
 
-#include <cerrno>
 #include <map>
 #include <system_error>
 
