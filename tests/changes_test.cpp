@@ -502,7 +502,7 @@ TEST(ChangeLines, AreAlignedAndSafeForATerminal) {
                 "         from a?\n"
                 "back     0.0.0.1       -                  -                       " +
                 std::string(50, 'n') +
-                "  last seen 2026-11-24 04:05, was 02-00-00-00-00-08\n"
+                "  last seen 2026-11-24 04:05  was 02-00-00-00-00-08\n"
                 "renamed  " +
                 host + "-" + gap + "         from -\n");
   EXPECT_EQ(FormatChanges({}, makers), "");

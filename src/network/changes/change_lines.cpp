@@ -37,7 +37,7 @@ std::string Before(const Change& change) {
     case Change::Kind::Gone:
     case Change::Kind::Back: {
       const std::string time = "last seen " + FormatLocalTime(change.LastSeen);
-      return change.WasCard.empty() ? time : time + ", was " + Cell(change.WasCard);
+      return change.WasCard.empty() ? time : time + "  was " + Cell(change.WasCard);
     }
     default:
       return {};
