@@ -2,6 +2,7 @@
 # For the test scripts to read in: a directory to work in, and functions to print a transcript of
 # commands and to compare it with the file beside the script that ends in ".expected", not "_test".
 
+umask 022 # the usual one: some programs refuse directories that their group can write
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 expected=$(cd "$(dirname "$0")" && pwd)/$(basename "$0" _test).expected
