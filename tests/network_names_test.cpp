@@ -158,7 +158,7 @@ TEST(MulticastDns, BelievesAHostItsOwnNameAlone) {
       {"- -", Message(query).Add(name, PointerType, "", 1).Add("nas.local", Txt, "")},
       {"- -", Message(query).Add(name, PointerType, Encoded("nas.local") + "x")},
       {Longest + " -", named(Longest)},
-      {"- -", named("x" + Longest)},
+      {"- -", named("x." + Longest)},
       {"x\\\\.local -", named("x\\.local")},
       {"- -", Message(query).Add(name, PointerType, std::string("\x07x.local\0", 9))},  // one label
       {"- -", named("nas.local.lan")},
