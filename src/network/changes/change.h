@@ -17,9 +17,8 @@ struct Change {
   SeenHost Host;                        // as it is known now
   std::uint32_t FromAddress = 0;        // Moved: where the card was
   std::optional<std::string> FromName;  // Renamed: the name before, if there was a name
-  std::string
-      WasCard;         // Other, Moved, Back: the card that had the address; empty if no card had it
-  SweepTime LastSeen;  // Gone, Back: the last time before
+  std::string WasCard;                  // Other, Moved, Back: the card that had the address, if any
+  SweepTime LastSeen;                   // Gone, Back: the last time before
 };
 
 // The word for the change in reports: new, gone, moved, renamed, other or back.

@@ -33,9 +33,9 @@ class Makers {
   // The maker of the card with this hardware address, which has the form 00-1A-2B-3C-4D-5E: the
   // holder of the smallest block that the address is in. For a locally administered address:
   // "(virtual machine)" or "(container)" if well-known software makes up such addresses for these,
-  // else "(locally administered)". Empty without a list, for
-  // an unknown maker, and for any other form. The bytes are those of the list. Throws
-  // `std::system_error`, which names the file, if a list is there and cannot be read.
+  // else "(locally administered)". Empty without a list, for an unknown maker, and for any other
+  // form. The bytes are those of the list. Throws `std::system_error`, which names the file, if a
+  // list is there and cannot be read.
   std::string MakerOf(const std::string& hardwareAddress);
 
   // The list that is used and its date, like "/usr/share/ieee-data, 2022-08-27", or "none". Throws

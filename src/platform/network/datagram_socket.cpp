@@ -1,14 +1,13 @@
 #include "platform/network/datagram_socket.h"
 
 #include <fcntl.h>
-#include <sys/uio.h>
 
-#include <array>
 #include <cerrno>
 #include <cstring>
 #include <optional>
 #include <utility>
 
+#include "platform/network/received_message.h"
 #include "platform/network/socket_address.h"
 #include "platform/system_call.h"
 
@@ -49,20 +48,12 @@ int DeviceOf(const msghdr& message) {
 // The next datagram that has arrived, without data if it does not fit into the buffer; nothing if
 // there is none.
 std::optional<Datagram> ReceiveNext(int socket, std::string& buffer) {
-  sockaddr sender{};
-  alignas(cmsghdr) std::array<char, 256> control{};
-  iovec part = {buffer.data(), buffer.size()};
-  msghdr message{};
-  message.msg_name = &sender;
-  message.msg_namelen = sizeof sender;
-  message.msg_iov = &part;
-  message.msg_iovlen = 1;
-  message.msg_control = control.data();
-  message.msg_controllen = control.size();
-  const ssize_t size = RetryInterrupted([&] { return recvmsg(socket, &message, 0); });
+  ReceivedMessage message(buffer.data(), buffer.size());
+  const ssize_t size = message.Receive(socket, 0);
   if (size < 0) return {};
-  const bool isWhole = (message.msg_flags & MSG_TRUNC) == 0;
-  return Datagram{AddressIn(&sender), PortIn(sender), DeviceOf(message),
+  const bool isWhole = (message.Header().msg_flags & MSG_TRUNC) == 0;
+  return Datagram{AddressIn(&message.Address()), PortIn(message.Address()),
+                  DeviceOf(message.Header()),
                   isWhole ? buffer.substr(0, static_cast<std::size_t>(size)) : ""};
 }
 

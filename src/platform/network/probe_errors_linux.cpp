@@ -7,8 +7,8 @@
 #include <cstring>
 
 #include "platform/network/probe_errors.h"
+#include "platform/network/received_message.h"
 #include "platform/network/socket_address.h"
-#include "platform/system_call.h"
 
 namespace hostsweep {
 namespace {
@@ -30,22 +30,12 @@ void KeepErrors(int socket) {
 }
 
 std::optional<ProbeAnswer> ReadError(int socket) {
-  sockaddr_in target{};
   std::array<char, 64> data{};
-  alignas(cmsghdr) std::array<char, 512> control{};
-  iovec part = {data.data(), data.size()};
-  msghdr message{};
-  message.msg_name = &target;
-  message.msg_namelen = sizeof target;
-  message.msg_iov = &part;
-  message.msg_iovlen = 1;
-  message.msg_control = control.data();
-  message.msg_controllen = control.size();
-  const auto receive = [&] { return recvmsg(socket, &message, MSG_ERRQUEUE | MSG_DONTWAIT); };
-  if (RetryInterrupted(receive) < 0) return {};
-  ProbeAnswer answer = {AddressIn(&target), INADDR_LOOPBACK};
-  for (cmsghdr* next = CMSG_FIRSTHDR(&message); next != nullptr;
-       next = CMSG_NXTHDR(&message, next)) {
+  ReceivedMessage message(data.data(), data.size());
+  if (message.Receive(socket, MSG_ERRQUEUE | MSG_DONTWAIT) < 0) return {};
+  ProbeAnswer answer = {AddressIn(&message.Address()), INADDR_LOOPBACK};
+  msghdr& header = message.Header();
+  for (cmsghdr* next = CMSG_FIRSTHDR(&header); next != nullptr; next = CMSG_NXTHDR(&header, next)) {
     const bool isError = next->cmsg_level == IPPROTO_IP && next->cmsg_type == IP_RECVERR;
     if (isError) answer.Sender = SenderIn(next);
   }
